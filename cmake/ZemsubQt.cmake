@@ -1,0 +1,22 @@
+# Picks the Qt major version: ZEMSUB_QT_MAJOR when set, else Qt 6 when found, else Qt 5.15.
+if(ZEMSUB_QT_MAJOR STREQUAL "")
+  find_package(Qt6 QUIET COMPONENTS Core Gui)
+  if(Qt6_FOUND)
+    set(ZEMSUB_QT_MAJOR 6)
+  else()
+    set(ZEMSUB_QT_MAJOR 5)
+  endif()
+endif()
+
+if(ZEMSUB_QT_MAJOR STREQUAL "6")
+  find_package(Qt6 REQUIRED COMPONENTS Core Gui)
+  set(ZEMSUB_QT_VERSION_REQ "6.0")
+elseif(ZEMSUB_QT_MAJOR STREQUAL "5")
+  find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui)
+  set(ZEMSUB_QT_VERSION_REQ "5.15")
+else()
+  message(FATAL_ERROR "ZEMSUB_QT_MAJOR must be 5 or 6, not '${ZEMSUB_QT_MAJOR}'")
+endif()
+
+set(ZEMSUB_QT_TARGETS Qt${ZEMSUB_QT_MAJOR}::Core Qt${ZEMSUB_QT_MAJOR}::Gui)
+message(STATUS "zemsubtitle: building against Qt ${ZEMSUB_QT_MAJOR}")

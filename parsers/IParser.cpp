@@ -1,0 +1,3 @@
+#include "parsers/IParser.h"
+
+IParser::~IParser() = default;

@@ -1,0 +1,70 @@
+#include "support/TestFiles.h"
+
+#include <dirent.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+
+TempDir::TempDir()
+{
+    std::string pattern = (std::filesystem::temp_directory_path() / "zemsub-test-XXXXXX").string();
+    if (!mkdtemp(pattern.data()))
+        throw std::runtime_error("mkdtemp failed");
+    m_path = pattern;
+}
+
+TempDir::~TempDir()
+{
+    std::error_code ec;
+    std::filesystem::permissions(m_path, std::filesystem::perms::owner_all, ec);
+    std::filesystem::remove_all(m_path, ec);
+}
+
+std::string TempDir::file(const std::string& name) const
+{
+    return m_path + "/" + name;
+}
+
+std::string TempDir::write(const std::string& name, const std::string& bytes) const
+{
+    const std::string path = file(name);
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    if (!out)
+        throw std::runtime_error("cannot write " + path);
+    return path;
+}
+
+std::string utf16le(const std::string& latin1, bool withMark)
+{
+    std::string out;
+    if (withMark)
+        out += "\xFF\xFE";
+    for (unsigned char c : latin1) {
+        out += static_cast<char>(c);
+        out += '\0';
+    }
+    return out;
+}
+
+std::string withMark(const std::string& bytes)
+{
+    return std::string("\xFF\xFE") + bytes;
+}
+
+int openDescriptorCount()
+{
+    int count = 0;
+    if (DIR* dir = opendir("/proc/self/fd")) {
+        while (dirent* e = readdir(dir))
+            if (e->d_name[0] != '.')
+                ++count;
+        closedir(dir);
+        --count;  // the directory stream itself
+    }
+    return count;
+}

@@ -1,0 +1,34 @@
+#ifndef ZEMSUB_TESTS_TESTFILES_H
+#define ZEMSUB_TESTS_TESTFILES_H
+
+#include <string>
+
+// A fresh temporary directory, removed with everything in it when the object goes.
+class TempDir
+{
+public:
+    TempDir();
+    ~TempDir();
+    TempDir(const TempDir&) = delete;
+    TempDir& operator=(const TempDir&) = delete;
+
+    const std::string& path() const { return m_path; }
+    // Writes bytes (exactly as given, zero bytes included) to name inside the directory.
+    std::string write(const std::string& name, const std::string& bytes) const;
+    // name inside the directory, not created.
+    std::string file(const std::string& name) const;
+
+private:
+    std::string m_path;
+};
+
+// UTF-16LE bytes of an ASCII/Latin-1 text, preceded by FF FE when withMark is set.
+std::string utf16le(const std::string& latin1, bool withMark = true);
+// The bytes FF FE followed by text in the 8-bit form (what a wide parser decodes
+// under the "C.UTF-8" locale when the text is UTF-8).
+std::string withMark(const std::string& bytes);
+
+// Number of file descriptors the process holds open.
+int openDescriptorCount();
+
+#endif
