@@ -31,6 +31,13 @@ test: deps
 	  ctest --test-dir $(BUILD)/qt$$q --output-on-failure -j $(JOBS); \
 	done
 
+# Benchmarks (optimised build); prints the targets as ratios at the end.
+bench:
+	@bash cmake/install-deps.sh libass-dev
+	cmake -S . -B $(BUILD)/bench -G Ninja -DCMAKE_BUILD_TYPE=Release -DZEMSUB_QT_MAJOR=6 -DZEMSUB_BUILD_BENCH=ON -DZEMSUB_BUILD_TESTS=OFF
+	cmake --build $(BUILD)/bench -j $(JOBS) --target zemsub_bench
+	$(BUILD)/bench/bench/zemsub_bench $(BENCH_ARGS)
+
 sanitize: deps
 	cmake -S . -B $(BUILD)/asan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DZEMSUB_SANITIZE=ON
 	cmake --build $(BUILD)/asan -j $(JOBS)

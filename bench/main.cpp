@@ -1,0 +1,80 @@
+// Runs the benchmarks, then prints the targets as ratios measured in this same run.
+#include <benchmark/benchmark.h>
+
+#include <QGuiApplication>
+
+#include <cstdio>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace {
+
+class RecordingReporter : public benchmark::ConsoleReporter
+{
+public:
+    void ReportRuns(const std::vector<Run>& runs) override
+    {
+        ConsoleReporter::ReportRuns(runs);
+        for (const Run& run : runs)
+            if (run.run_type == Run::RT_Iteration && !run.error_occurred)
+                seconds[run.benchmark_name()] = run.GetAdjustedRealTime() / benchmark::GetTimeUnitMultiplier(run.time_unit);
+    }
+
+    std::map<std::string, double> seconds;
+};
+
+struct Row
+{
+    const char* what;
+    const char* numerator;
+    const char* denominator;  // nullptr: an absolute time, compared with limit in seconds
+    double limit;
+    bool atLeast;  // the ratio must be at least limit (else at most)
+};
+
+void printTable(const std::map<std::string, double>& s)
+{
+    const Row rows[] = {
+        {"look-up over 5000 entries: plain scan / index", "BM_Lookup_PlainScan5000", "BM_Lookup_GetSubTitle5000", 100, true},
+        {"getSubtitleData while a caption stays (s)", "BM_Frame_CaptionStays1080p", nullptr, 1e-6, false},
+        {"open 20000-line SubRip / floor", "BM_Open_Srt20000Lines", "BM_Floor_Srt20000Lines", 3, false},
+        {"open 20000-line wide SubRip / floor", "BM_Open_SrtWide20000Lines", "BM_Floor_Srt20000Lines", 3, false},
+        {"open 20000-line ASS / floor", "BM_Open_Ass20000Lines", "BM_Floor_Ass20000Lines", 3, false},
+        {"RemoveSSATags on 1 MiB (s)", "BM_RemoveSSATags/1048576", nullptr, 0.1, false},
+        {"caption render 1920x1080 / libass", "BM_Frame_CaptionChanges1080p", "BM_Libass_CaptionChanges1080p", 1, false},
+        {"open ASS / libass reading it from memory", "BM_Open_Ass20000Lines", "BM_Libass_ReadScriptFromMemory", 0, false},
+    };
+    std::printf("\n%-48s %14s %12s %8s\n", "target", "measured", "goal", "");
+    for (const Row& row : rows) {
+        auto n = s.find(row.numerator);
+        auto d = row.denominator ? s.find(row.denominator) : s.end();
+        if (n == s.end() || (row.denominator && d == s.end())) {
+            std::printf("%-48s %14s\n", row.what, "(not run)");
+            continue;
+        }
+        const double value = row.denominator ? n->second / d->second : n->second;
+        const bool met = row.atLeast ? value >= row.limit : value <= row.limit;
+        char goal[32];
+        if (row.limit == 0)
+            std::snprintf(goal, sizeof goal, "(info)");
+        else
+            std::snprintf(goal, sizeof goal, "%s %g", row.atLeast ? ">=" : "<=", row.limit);
+        std::printf("%-48s %14.4g %12s %8s\n", row.what, value, goal, row.limit == 0 ? "" : met ? "met" : "MISSED");
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    RecordingReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    benchmark::Shutdown();
+    printTable(reporter.seconds);
+    return 0;
+}
