@@ -1,15 +1,103 @@
-// Placeholder, replaced by the real implementation.
 #include "parsers/xcSrtParserU.h"
-#include <type_traits>
 
-xcSrtParserU::xcSrtParserU() {}
-xcSrtParserU::~xcSrtParserU() {}
-bool xcSrtParserU::Open(const char*) { return false; }
-bool xcSrtParserU::IsOpen() const { return false; }
-const char* xcSrtParserU::GetSubTitle(long long) { return nullptr; }
-const wchar_t* xcSrtParserU::GetSubTitleU(long long) { return nullptr; }
-bool xcSrtParserU::ReadString(xcWString&) { return false; }
-bool xcSrtParserU::ConvertBufToSrtMap() { return false; }
-const std::vector<xcWString>& xcSrtParserU::GetLines() const { static std::remove_cv_t<std::remove_reference_t<const std::vector<xcWString>&>> v; return v; }
-const std::map<int, SRC_SESSION_ST_U>& xcSrtParserU::GetMap() const { static std::remove_cv_t<std::remove_reference_t<const std::map<int, SRC_SESSION_ST_U>&>> v; return v; }
-int __wtoi(const wchar_t*) { return 0; }
+#include <cstdlib>
+#include <cstring>
+#include <cwchar>
+
+#include "parsers/detail/SrtMapBuilder.h"
+#include "parsers/detail/SrtReading.h"
+#include "parsers/detail/SrtTraits.h"
+
+using zemsub::detail::SrtWide;
+
+int __wtoi(const wchar_t* s)
+{
+    if (!s)
+        return 0;
+    const size_t length = std::wcstombs(nullptr, s, std::wcslen(s));
+    if (length == static_cast<size_t>(-1))
+        return 0;  // not convertible: no buffer of that size can be had
+    char* bytes = static_cast<char*>(std::malloc(length + 1));
+    if (!bytes)
+        return 0;
+    std::memset(bytes, 0, length + 1);
+    std::wcstombs(bytes, s, length);
+    const int value = std::atoi(bytes);
+    std::free(bytes);
+    return value;
+}
+
+xcSrtParserU::xcSrtParserU()
+    : m_file(nullptr), m_opened(false)
+{
+}
+
+xcSrtParserU::~xcSrtParserU()
+{
+    m_lines.clear();
+    m_map.clear();
+}
+
+bool xcSrtParserU::Open(const char* path)
+{
+    m_lines.clear();
+    m_map.clear();
+    if (!zemsub::detail::readSrtFile<SrtWide>(path, m_file, m_lines,
+                                              [this](xcWString& line) { return ReadString(line); }))
+        return false;
+    ConvertBufToSrtMap();
+    zemsub::detail::closeSrtFile(m_file);
+    m_opened = true;
+    return true;
+}
+
+bool xcSrtParserU::IsOpen() const
+{
+    return m_opened;
+}
+
+const char* xcSrtParserU::GetSubTitle(long long)
+{
+    return nullptr;
+}
+
+// The look-up: keys from 0 upward while below the map's size, read afresh at
+// every step. Each key is taken with the map's index operator, so a missing key
+// is inserted as an empty entry and the size grows: with entries 1 to N, key 0
+// is added and every entry is reached. Time 0 and below answer null.
+const wchar_t* xcSrtParserU::GetSubTitleU(long long timeMs)
+{
+    if (timeMs <= 0)
+        return nullptr;
+    if (m_map.empty())
+        return nullptr;
+    for (int key = 0; static_cast<size_t>(key) < m_map.size(); ++key) {
+        SRC_SESSION_ST_U& entry = m_map[key];
+        if (timeMs < entry.start)
+            continue;
+        if (timeMs <= entry.end)
+            return entry.text.getData();
+    }
+    return nullptr;
+}
+
+bool xcSrtParserU::ReadString(xcWString& line)
+{
+    return zemsub::detail::readSrtLine<SrtWide>(m_file, line);
+}
+
+bool xcSrtParserU::ConvertBufToSrtMap()
+{
+    zemsub::detail::buildSrtMap<SrtWide>(m_lines, m_map);
+    return true;
+}
+
+const std::vector<xcWString>& xcSrtParserU::GetLines() const
+{
+    return m_lines;
+}
+
+const std::map<int, SRC_SESSION_ST_U>& xcSrtParserU::GetMap() const
+{
+    return m_map;
+}

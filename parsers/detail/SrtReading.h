@@ -1,0 +1,61 @@
+#ifndef ZEMSUB_PARSERS_DETAIL_SRTREADING_H
+#define ZEMSUB_PARSERS_DETAIL_SRTREADING_H
+
+// File reading of the SubRip parsers: one line per ReadString call, and the
+// whole file into the line list.
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "parsers/detail/LineReader.h"
+#include "parsers/detail/SrtTraits.h"
+
+namespace zemsub::detail {
+
+// One line into `line` (appended to what it holds). At the end of the file the
+// text read so far stays in `line` and the answer is false. Otherwise one
+// trailing line feed is removed and the answer says whether anything was read.
+template <class T>
+bool readSrtLine(FILE* f, typename T::String& line)
+{
+    std::basic_string<typename T::Char> text(line.getData(), line.length());
+    const bool atEnd = readLinePieces(f, text);
+    if (atEnd) {
+        line = typename T::String(text);
+        return false;
+    }
+    const bool readSomething = !text.empty();
+    dropLineFeed(text);
+    line = typename T::String(text);
+    return readSomething;
+}
+
+// Opens path and reads every non-empty line into `lines` with readLine (the
+// parser's ReadString); a last line without a line feed is kept. On success
+// the file stays open in `file` for the caller to close; on failure nothing
+// is left open and `file` is null.
+template <class T, class ReadLine>
+bool readSrtFile(const char* path, FILE*& file, std::vector<typename T::String>& lines, ReadLine readLine)
+{
+    file = openForLines(path, T::kFirstByte, T::kSizeCheck);
+    if (!file)
+        return false;
+    if (!readAllLines(lines, readLine, kSrtLineLimit, UnterminatedLastLine::Keep)) {
+        std::fclose(file);
+        file = nullptr;
+        return false;
+    }
+    return true;
+}
+
+inline void closeSrtFile(FILE*& file)
+{
+    if (file)
+        std::fclose(file);
+    file = nullptr;
+}
+
+}  // namespace zemsub::detail
+
+#endif
