@@ -30,6 +30,11 @@ public:
     bool IsWide() const;
 
 private:
+    // Empties the registry and registers the four parsers under their codes.
+    void RegisterParsers();
+    // The registry's parser for the current format code (inserted if missing).
+    IParser* ChosenParser();
+
     int m_formatCode;
     bool m_reserved;
     bool m_wide;
