@@ -66,8 +66,9 @@ public:
     // Last position at or before start holding ANY character of set; a start that is
     // negative or at/past the length searches from the last character.
     int findlast(const xcWString& set, int start) const;
-    // count -1 runs to the end; empty for a negative pos, count 0 or below -1;
-    // a pos past the length throws std::out_of_range ("basic_string::substr").
+    // count -1 runs to the end; empty for a negative pos, count 0 or below -1
+    // (checked first); otherwise a pos past the length throws
+    // std::out_of_range ("basic_string::substr").
     xcWString substr(int pos, int count) const;
     xcWString Left(int n);
     // Empty when n is 0, negative, or at/past the length: Right(length()) is empty.
