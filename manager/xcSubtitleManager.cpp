@@ -13,8 +13,7 @@
 
 namespace {
 
-enum FormatCode
-{
+enum FormatCode {
     kNone = 0,
     kSrt = 1,
     kAss = 2,
@@ -28,17 +27,11 @@ bool isWideMark(const unsigned char bytes[2])
     return bytes[0] == 0xFF && bytes[1] == 0xFE;
 }
 
-}  // namespace
+} // namespace
 
 xcSubtitleManager::xcSubtitleManager()
-    : m_formatCode(kNone),
-      m_reserved(false),
-      m_wide(false),
-      m_reservedParser(nullptr),
-      m_assParser(nullptr),
-      m_srtParser(nullptr),
-      m_assParserU(nullptr),
-      m_srtParserU(nullptr)
+    : m_formatCode(kNone), m_reserved(false), m_wide(false), m_reservedParser(nullptr), m_assParser(nullptr),
+      m_srtParser(nullptr), m_assParserU(nullptr), m_srtParserU(nullptr)
 {
     m_srtParser = new xcSrtParser();
     m_assParser = new xcAssParser();

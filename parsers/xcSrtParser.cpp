@@ -6,8 +6,7 @@
 
 using zemsub::detail::SrtNarrow;
 
-xcSrtParser::xcSrtParser()
-    : m_file(nullptr), m_opened(false)
+xcSrtParser::xcSrtParser() : m_file(nullptr), m_opened(false)
 {
 }
 

@@ -16,7 +16,7 @@ int __wtoi(const wchar_t* s)
         return 0;
     const size_t length = std::wcstombs(nullptr, s, std::wcslen(s));
     if (length == static_cast<size_t>(-1))
-        return 0;  // not convertible: no buffer of that size can be had
+        return 0; // not convertible: no buffer of that size can be had
     char* bytes = static_cast<char*>(std::malloc(length + 1));
     if (!bytes)
         return 0;
@@ -27,8 +27,7 @@ int __wtoi(const wchar_t* s)
     return value;
 }
 
-xcSrtParserU::xcSrtParserU()
-    : m_file(nullptr), m_opened(false)
+xcSrtParserU::xcSrtParserU() : m_file(nullptr), m_opened(false)
 {
 }
 

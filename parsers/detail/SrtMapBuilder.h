@@ -11,8 +11,7 @@
 
 namespace zemsub::detail {
 
-template <class S>
-void trimBothSides(S& s)
+template <class S> void trimBothSides(S& s)
 {
     s.TrimLeft();
     s.TrimRight();
@@ -20,8 +19,7 @@ void trimBothSides(S& s)
 
 // Cuts `part` just behind the separator found at pos (the whole part stays when
 // there was none) and answers the number written before it.
-template <class T>
-int takeField(typename T::String& part, const typename T::String& separator)
+template <class T> int takeField(typename T::String& part, const typename T::String& separator)
 {
     const int pos = part.find(separator, 0);
     const int value = T::toInt(part.substr(0, pos));
@@ -31,8 +29,7 @@ int takeField(typename T::String& part, const typename T::String& separator)
 
 // "hh:mm:ss,mmm" to milliseconds, summed in 32-bit arithmetic and widened with
 // sign. Only the first three characters after the comma count.
-template <class T>
-long long readSrtTime(typename T::String part)
+template <class T> long long readSrtTime(typename T::String part)
 {
     using String = typename T::String;
     const String colon(T::colon());
@@ -41,8 +38,8 @@ long long readSrtTime(typename T::String part)
     const int minutes = takeField<T>(part, colon);
     const int seconds = takeField<T>(part, comma);
     const int millis = T::toInt(part.substr(0, 3));
-    const std::uint32_t sum = std::uint32_t(hours) * 3600000u + std::uint32_t(minutes) * 60000u
-                              + std::uint32_t(seconds) * 1000u + std::uint32_t(millis);
+    const std::uint32_t sum = std::uint32_t(hours) * 3600000u + std::uint32_t(minutes) * 60000u +
+                              std::uint32_t(seconds) * 1000u + std::uint32_t(millis);
     return static_cast<long long>(static_cast<std::int32_t>(sum));
 }
 
@@ -95,6 +92,6 @@ void buildSrtMap(std::vector<typename T::String>& lines, std::map<int, typename 
     }
 }
 
-}  // namespace zemsub::detail
+} // namespace zemsub::detail
 
 #endif

@@ -16,8 +16,7 @@ namespace zemsub::detail {
 // One line into `line` (appended to what it holds). At the end of the file the
 // text read so far stays in `line` and the answer is false. Otherwise one
 // trailing line feed is removed and the answer says whether anything was read.
-template <class T>
-bool readSrtLine(FILE* f, typename T::String& line)
+template <class T> bool readSrtLine(FILE* f, typename T::String& line)
 {
     std::basic_string<typename T::Char> text(line.getData(), line.length());
     const bool atEnd = readLinePieces(f, text);
@@ -56,6 +55,6 @@ inline void closeSrtFile(FILE*& file)
     file = nullptr;
 }
 
-}  // namespace zemsub::detail
+} // namespace zemsub::detail
 
 #endif

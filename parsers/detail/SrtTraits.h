@@ -61,6 +61,6 @@ struct SrtWide
     static int endTimeStart(int arrowPos) { return arrowPos + 3; }
 };
 
-}  // namespace zemsub::detail
+} // namespace zemsub::detail
 
 #endif

@@ -10,10 +10,9 @@
 
 namespace {
 
-const char* kSubRip =
-    "1\n00:00:01,000 --> 00:00:02,000\nfirst\n\n"
-    "2\n00:00:03,000 --> 00:00:04,000\nsecond\n\n"
-    "3\n00:00:05,000 --> 00:00:06,000\nthird\n";
+const char* kSubRip = "1\n00:00:01,000 --> 00:00:02,000\nfirst\n\n"
+                      "2\n00:00:03,000 --> 00:00:04,000\nsecond\n\n"
+                      "3\n00:00:05,000 --> 00:00:06,000\nthird\n";
 
 std::string tooManyLines()
 {
@@ -51,7 +50,7 @@ protected:
     xcSubtitleManager manager;
 };
 
-}  // namespace
+} // namespace
 
 TEST_F(ManagerFailure, NullPathIsRefusedAndKeepsTheWideFlag)
 {
@@ -183,7 +182,7 @@ TEST_F(ManagerFailure, ParserFailureAfterSuccessStillReportsOpen)
     ASSERT_TRUE(manager.Open(good.c_str()));
     EXPECT_FALSE(manager.Open(big.c_str()));
     EXPECT_EQ(manager.GetFormatCode(), 1);
-    EXPECT_TRUE(manager.IsOpen());  // the parser's flag is never cleared
+    EXPECT_TRUE(manager.IsOpen()); // the parser's flag is never cleared
     EXPECT_EQ(manager.GetSubTitle(1500), nullptr);
 }
 

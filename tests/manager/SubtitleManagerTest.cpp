@@ -13,23 +13,25 @@
 
 namespace {
 
-const char* kSubRip =
-    "1\n00:00:01,000 --> 00:00:02,000\nfirst\n\n"
-    "2\n00:00:03,000 --> 00:00:04,000\nsecond\n\n"
-    "3\n00:00:05,000 --> 00:00:06,000\nthird\n";
+const char* kSubRip = "1\n00:00:01,000 --> 00:00:02,000\nfirst\n\n"
+                      "2\n00:00:03,000 --> 00:00:04,000\nsecond\n\n"
+                      "3\n00:00:05,000 --> 00:00:06,000\nthird\n";
 
+// clang-format off
 const char* kScript =
     "[Script Info]\nScriptType: v4.00+\nPlayResX: 640\nPlayResY: 480\n\n"
     "[V4+ Styles]\n"
-    "Format: Name, Fontname, Fontsize, PrimaryColour, SecondaryColour, OutlineColour, BackColour, Bold, Italic, "
-    "Underline, StrikeOut, ScaleX, ScaleY, Spacing, Angle, BorderStyle, Outline, Shadow, Alignment, MarginL, "
-    "MarginR, MarginV, Encoding\n"
-    "Style: Default,Arial,20,&H00FFFFFF,&H000000FF,&H00000000,&H00000000,0,0,0,0,100,100,0,0,1,2,2,2,10,10,10,1\n\n"
+    "Format: Name, Fontname, Fontsize, PrimaryColour, SecondaryColour, OutlineColour, BackColour, "
+    "Bold, Italic, Underline, StrikeOut, ScaleX, ScaleY, Spacing, Angle, BorderStyle, Outline, Shadow, "
+    "Alignment, MarginL, MarginR, MarginV, Encoding\n"
+    "Style: Default,Arial,20,&H00FFFFFF,&H000000FF,&H00000000,&H00000000,"
+    "0,0,0,0,100,100,0,0,1,2,2,2,10,10,10,1\n\n"
     "[Events]\n"
     "Format: Layer, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text\n"
     "Dialogue: 0,0:00:01.00,0:00:02.00,Default,,0,0,0,,one\n"
     "Dialogue: 0,0:00:03.00,0:00:04.00,Default,,0,0,0,,two\n"
     "Dialogue: 0,0:00:05.00,0:00:06.00,Default,,0,0,0,,three\n";
+// clang-format on
 
 class SubtitleManagerTest : public ::testing::Test
 {
@@ -50,7 +52,7 @@ protected:
     xcSubtitleManager manager;
 };
 
-}  // namespace
+} // namespace
 
 TEST_F(SubtitleManagerTest, FreshManagerHasNothingChosen)
 {
@@ -79,7 +81,7 @@ TEST_F(SubtitleManagerTest, SubRipIsServedByTheNarrowParser)
     ASSERT_TRUE(manager.Open(path.c_str()));
     EXPECT_EQ(show(manager.GetSubTitle(1500)), "\nfirst");
     EXPECT_EQ(show(manager.GetSubTitle(3500)), "\nsecond");
-    EXPECT_EQ(show(manager.GetSubTitle(5500)), "<null>");  // the narrow parser never shows the last entry
+    EXPECT_EQ(show(manager.GetSubTitle(5500)), "<null>"); // the narrow parser never shows the last entry
     EXPECT_EQ(show(manager.GetSubTitle(0)), "<null>");
     EXPECT_EQ(show(manager.GetSubTitle(-1)), "<null>");
 }
@@ -100,7 +102,7 @@ TEST_F(SubtitleManagerTest, MarkedSubRipIsServedByTheWideParser)
     EXPECT_TRUE(manager.IsWide());
     EXPECT_TRUE(manager.IsOpen());
     EXPECT_EQ(show(manager.GetSubTitleU(1500)), L"\nfirst");
-    EXPECT_EQ(show(manager.GetSubTitleU(5500)), L"\nthird");  // the wide parser reaches the last entry
+    EXPECT_EQ(show(manager.GetSubTitleU(5500)), L"\nthird"); // the wide parser reaches the last entry
     EXPECT_EQ(show(manager.GetSubTitleU(0)), L"<null>");
 }
 
@@ -213,15 +215,15 @@ TEST_F(SubtitleManagerTest, DotInADirectoryNameCountsWhenTheFileNameHasNone)
         std::fputs(kSubRip, f);
         std::fclose(f);
     }
-    EXPECT_FALSE(manager.Open(path.c_str()));  // extension "srt/captions"
+    EXPECT_FALSE(manager.Open(path.c_str())); // extension "srt/captions"
     EXPECT_EQ(manager.GetFormatCode(), 0);
 }
 
 TEST_F(SubtitleManagerTest, ReopeningServesTheNewFile)
 {
     const std::string first = dir.write("first.srt", kSubRip);
-    const std::string second = dir.write("second.srt",
-                                         "1\n00:00:01,000 --> 00:00:02,000\nnew\n\n2\n00:00:03,000 --> 00:00:04,000\nx\n");
+    const std::string second = dir.write(
+        "second.srt", "1\n00:00:01,000 --> 00:00:02,000\nnew\n\n2\n00:00:03,000 --> 00:00:04,000\nx\n");
     ASSERT_TRUE(manager.Open(first.c_str()));
     ASSERT_TRUE(manager.Open(second.c_str()));
     EXPECT_EQ(show(manager.GetSubTitle(1500)), "\nnew");

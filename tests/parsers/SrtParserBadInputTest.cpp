@@ -37,8 +37,7 @@ protected:
         return bytes;
     }
     // Every look-up of both kinds at a few times; must not crash.
-    template <class P>
-    void lookEverywhere(P& parser)
+    template <class P> void lookEverywhere(P& parser)
     {
         for (long long t : {-1LL, 0LL, 1LL, 1000LL, 1LL << 31, 1LL << 40}) {
             parser.GetSubTitle(t);
@@ -51,7 +50,7 @@ protected:
     TempDir dir;
 };
 
-}  // namespace
+} // namespace
 
 TEST_F(SrtBadInput, DirectoryIsNotReadAsSubtitles)
 {
@@ -149,7 +148,8 @@ TEST_F(SrtBadInput, UndecodableBytesInAWideFileNeverHang)
 TEST_F(SrtBadInput, UndecodableBytesInTheCLocaleNeverHang)
 {
     ASSERT_NE(std::setlocale(LC_ALL, "C"), nullptr);
-    const std::string content = "1\n00:00:01,000 --> 00:00:02,000\ncaf\xC3\xA9\n2\n00:00:03,000 --> 00:00:04,000\nx\n";
+    const std::string content =
+        "1\n00:00:01,000 --> 00:00:02,000\ncaf\xC3\xA9\n2\n00:00:03,000 --> 00:00:04,000\nx\n";
     xcSrtParserU wide;
     wide.Open(dir.write("latin.srt", withMark(content)).c_str());
     lookEverywhere(wide);

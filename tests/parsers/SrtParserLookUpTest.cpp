@@ -27,12 +27,11 @@ protected:
     xcSrtParser parser;
 };
 
-const char* kThreeEntries =
-    "1\n00:00:01,000 --> 00:00:02,000\nfirst\n\n"
-    "2\n00:00:03,000 --> 00:00:04,000\nsecond\n\n"
-    "3\n00:00:05,000 --> 00:00:06,000\nthird\n";
+const char* kThreeEntries = "1\n00:00:01,000 --> 00:00:02,000\nfirst\n\n"
+                            "2\n00:00:03,000 --> 00:00:04,000\nsecond\n\n"
+                            "3\n00:00:05,000 --> 00:00:06,000\nthird\n";
 
-}  // namespace
+} // namespace
 
 TEST_F(SrtLookUp, SingleEntryIsNeverAnswered)
 {
@@ -93,7 +92,9 @@ TEST_F(SrtLookUp, VeryLargeTimeFindsNothing)
 
 TEST_F(SrtLookUp, EntryWithWrappedNegativeTimesIsNeverMatched)
 {
-    open("1\n999:00:00,000 --> 999:00:01,000\nwrapped\n\n2\n00:00:03,000 --> 00:00:04,000\nb\n\n3\n00:00:05,000 --> 00:00:06,000\nc\n");
+    open("1\n999:00:00,000 --> 999:00:01,000\nwrapped\n\n"
+         "2\n00:00:03,000 --> 00:00:04,000\nb\n\n"
+         "3\n00:00:05,000 --> 00:00:06,000\nc\n");
     EXPECT_EQ(at(3596400000LL), "<null>");
     EXPECT_EQ(at(3500), "\nb");
 }
@@ -114,7 +115,7 @@ TEST_F(SrtLookUp, KeyZeroIsNeverLookedAt)
          "2\n00:00:05,000 --> 00:00:06,000\ntwo\n");
     EXPECT_EQ(at(1500), "<null>");
     EXPECT_EQ(at(3500), "\none");
-    EXPECT_EQ(at(5500), "\ntwo");  // keys 1 and 2 are below the size 3
+    EXPECT_EQ(at(5500), "\ntwo"); // keys 1 and 2 are below the size 3
 }
 
 TEST_F(SrtLookUp, MissingKeysBelowTheSizeAreInsertedEmpty)
@@ -123,7 +124,7 @@ TEST_F(SrtLookUp, MissingKeysBelowTheSizeAreInsertedEmpty)
          "3\n00:00:03,000 --> 00:00:04,000\nb\n\n"
          "5\n00:00:05,000 --> 00:00:06,000\nc\n");
     ASSERT_EQ(parser.GetMap().size(), 3u);
-    EXPECT_EQ(at(3500), "<null>");  // keys 1 and 2 looked at; 2 is inserted
+    EXPECT_EQ(at(3500), "<null>"); // keys 1 and 2 looked at; 2 is inserted
     ASSERT_EQ(parser.GetMap().size(), 4u);
     const SRC_SESSION_ST& inserted = parser.GetMap().at(2);
     EXPECT_EQ(inserted.start, 0);
@@ -136,8 +137,8 @@ TEST_F(SrtLookUp, InsertedKeyMakesALaterEntryReachable)
     open("1\n00:00:01,000 --> 00:00:02,000\na\n\n"
          "3\n00:00:03,000 --> 00:00:04,000\nb\n\n"
          "5\n00:00:05,000 --> 00:00:06,000\nc\n");
-    EXPECT_EQ(at(3500), "<null>");  // size 3: keys 1, 2
-    EXPECT_EQ(at(3500), "\nb");      // size 4: keys 1, 2, 3
+    EXPECT_EQ(at(3500), "<null>"); // size 3: keys 1, 2
+    EXPECT_EQ(at(3500), "\nb");    // size 4: keys 1, 2, 3
     EXPECT_EQ(parser.GetMap().size(), 4u);
     // Keys 1 to 3 are all present now: nothing more is inserted, and 5 stays
     // out of reach.
@@ -160,7 +161,7 @@ TEST_F(SrtLookUp, InsertedEntryAnswersAnEmptyTextAtTimeZero)
     open("1\n00:00:01,000 --> 00:00:02,000\na\n\n"
          "3\n00:00:03,000 --> 00:00:04,000\nb\n\n"
          "5\n00:00:05,000 --> 00:00:06,000\nc\n");
-    at(3500);  // inserts key 2 with times 0
+    at(3500); // inserts key 2 with times 0
     const char* text = parser.GetSubTitle(0);
     ASSERT_NE(text, nullptr);
     EXPECT_STREQ(text, "");

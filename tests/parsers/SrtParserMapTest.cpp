@@ -33,7 +33,7 @@ protected:
     xcSrtParser parser;
 };
 
-}  // namespace
+} // namespace
 
 TEST_F(SrtMap, EntriesAreKeyedByTheirNumbersWithTimesAndText)
 {
@@ -109,7 +109,7 @@ TEST_F(SrtMap, ArrowWithoutBlankBehindItLosesTheFirstDigitOfTheEndTime)
 {
     open("1\n00:00:01,000 -->10:00:02,000\nx\n");
     EXPECT_EQ(entry(1).start, 1000);
-    EXPECT_EQ(entry(1).end, 2000);  // read from "0:00:02,000"
+    EXPECT_EQ(entry(1).end, 2000); // read from "0:00:02,000"
 }
 
 TEST_F(SrtMap, ArrowWithoutBlankBeforeItStillSplitsTheTimes)

@@ -23,12 +23,11 @@ std::string lineText(const xcSrtParser& parser, size_t index)
     return std::string(line.getData(), line.length());
 }
 
-const char* kThreeEntries =
-    "1\n00:00:01,000 --> 00:00:02,000\nfirst\n\n"
-    "2\n00:00:03,000 --> 00:00:04,000\nsecond\n\n"
-    "3\n00:00:05,000 --> 00:00:06,000\nthird\n";
+const char* kThreeEntries = "1\n00:00:01,000 --> 00:00:02,000\nfirst\n\n"
+                            "2\n00:00:03,000 --> 00:00:04,000\nsecond\n\n"
+                            "3\n00:00:05,000 --> 00:00:06,000\nthird\n";
 
-}  // namespace
+} // namespace
 
 TEST(SrtParserOpen, FreshParserIsNotOpenAndHoldsNothing)
 {

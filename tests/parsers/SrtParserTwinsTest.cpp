@@ -36,7 +36,7 @@ protected:
             return "<null>";
         std::string out;
         for (; *s; ++s)
-            out += static_cast<char>(*s);  // ASCII content only
+            out += static_cast<char>(*s); // ASCII content only
         return out;
     }
     static std::string show(const char* s) { return s ? std::string(s) : std::string("<null>"); }
@@ -47,14 +47,13 @@ protected:
     xcSrtParserU wide;
 };
 
-const char* kSample =
-    "1\n00:00:01,000 --> 00:00:02,000\nfirst line\nsecond line\n\n"
-    "2\n00:01:03,250 --> 00:01:04,750 X1:1 X2:2\n  indented\n\n"
-    "4\n01:00:00,000 --> 01:00:01,500\nA\nB\nC\n   \n"
-    "4\n02:00:00,000 --> 02:00:01,000\nrepeat\n\n"
-    "9\n00:00:07,000 --> 00:00:08,000\nlast\n";
+const char* kSample = "1\n00:00:01,000 --> 00:00:02,000\nfirst line\nsecond line\n\n"
+                      "2\n00:01:03,250 --> 00:01:04,750 X1:1 X2:2\n  indented\n\n"
+                      "4\n01:00:00,000 --> 01:00:01,500\nA\nB\nC\n   \n"
+                      "4\n02:00:00,000 --> 02:00:01,000\nrepeat\n\n"
+                      "9\n00:00:07,000 --> 00:00:08,000\nlast\n";
 
-}  // namespace
+} // namespace
 
 TEST_F(SrtTwins, SameContentGivesTheSameLinesAndEntries)
 {

@@ -69,12 +69,11 @@ protected:
     xcSrtParserU parser;
 };
 
-const char* kThreeEntries =
-    "1\n00:00:01,000 --> 00:00:02,000\nfirst\n\n"
-    "2\n00:00:03,000 --> 00:00:04,000\nsecond\n\n"
-    "3\n00:00:05,000 --> 00:00:06,000\nthird\n";
+const char* kThreeEntries = "1\n00:00:01,000 --> 00:00:02,000\nfirst\n\n"
+                            "2\n00:00:03,000 --> 00:00:04,000\nsecond\n\n"
+                            "3\n00:00:05,000 --> 00:00:06,000\nthird\n";
 
-}  // namespace
+} // namespace
 
 // Opening and reading
 
@@ -367,9 +366,9 @@ TEST_F(SrtWideTest, LookUpInsertsEveryMissingKeyItPasses)
 {
     open("2\n00:00:01,000 --> 00:00:02,000\na\n\n5\n00:00:03,000 --> 00:00:04,000\nb\n");
     ASSERT_EQ(parser.GetMap().size(), 2u);
-    EXPECT_EQ(at(1500), L"\na");  // keys 0, 1 inserted on the way to 2
+    EXPECT_EQ(at(1500), L"\na"); // keys 0, 1 inserted on the way to 2
     EXPECT_EQ(parser.GetMap().size(), 4u);
-    EXPECT_EQ(at(9000), L"<null>");  // 3 and 4 inserted; stops after 5
+    EXPECT_EQ(at(9000), L"<null>"); // 3 and 4 inserted; stops after 5
     ASSERT_EQ(parser.GetMap().size(), 6u);
     for (int key : {0, 1, 3, 4})
         EXPECT_TRUE(parser.GetMap().at(key).text.isEmpty()) << key;

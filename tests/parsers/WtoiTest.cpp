@@ -21,7 +21,7 @@ protected:
     std::string saved;
 };
 
-}  // namespace
+} // namespace
 
 TEST_F(Wtoi, NullIsZero)
 {
