@@ -53,7 +53,9 @@ public:
     double GetFloat(xcString& line, char sep);
     bool ConvertBufToAssMap();
     // Removes {...} and <...> blocks, then turns the first "\N" into a line feed.
-    // The result keeps the recorded length of the input (see xcString::deleteStr).
+    // The result keeps the recorded length of the input (see xcString::deleteStr)
+    // and the stale characters behind its zero. A pass that comes back to a
+    // state it was in ends there. encoding is handed to FindChar and has no effect.
     xcString RemoveSSATags(xcString text, int encoding);
     // First index >= start holding c, or -1; the last argument is ignored.
     int FindChar(xcString text, char c, int start, int unused);

@@ -1,23 +1,121 @@
-// Placeholder, replaced by the real implementation.
 #include "parsers/xcAssParserU.h"
-#include <type_traits>
 
-xcAssParserU::xcAssParserU() {}
-xcAssParserU::~xcAssParserU() {}
-bool xcAssParserU::Open(const char*) { return false; }
-bool xcAssParserU::IsOpen() const { return false; }
-const char* xcAssParserU::GetSubTitle(long long) { return nullptr; }
-const wchar_t* xcAssParserU::GetSubTitleU(long long) { return nullptr; }
-bool xcAssParserU::ReadString(xcWString&) { return false; }
-xcWString xcAssParserU::GetStr(xcWString&, wchar_t) { return {}; }
-int xcAssParserU::GetInt(xcWString&, wchar_t) { return 0; }
-double xcAssParserU::GetFloat(xcWString&, char) { return 0; }
-bool xcAssParserU::ConvertBufToAssMap() { return false; }
-xcWString xcAssParserU::RemoveSSATags(xcWString) { return {}; }
-int xcAssParserU::FindChar(xcWString, char, int) { return 0; }
-const std::vector<xcWString>& xcAssParserU::GetLines() const { static std::remove_cv_t<std::remove_reference_t<const std::vector<xcWString>&>> v; return v; }
-const std::map<int, ASS_SESSION_ST_U>& xcAssParserU::GetMap() const { static std::remove_cv_t<std::remove_reference_t<const std::map<int, ASS_SESSION_ST_U>&>> v; return v; }
-int xcAssParserU::GetPlayResX() const { return 0; }
-int xcAssParserU::GetPlayResY() const { return 0; }
-const xcWString& xcAssParserU::GetCollisions() const { static std::remove_cv_t<std::remove_reference_t<const xcWString&>> v; return v; }
-const ASS_STYLE_ST_U& xcAssParserU::GetStyle() const { static std::remove_cv_t<std::remove_reference_t<const ASS_STYLE_ST_U&>> v; return v; }
+#include <cstdio>
+
+#include "parsers/detail/AssFields.h"
+#include "parsers/detail/AssLines.h"
+#include "parsers/detail/AssLookup.h"
+#include "parsers/detail/AssScript.h"
+#include "parsers/detail/SsaTags.h"
+
+using zemsub::detail::AssWide;
+
+xcAssParserU::xcAssParserU() : m_file(nullptr), m_opened(false), m_playResX(0), m_playResY(0)
+{
+}
+
+xcAssParserU::~xcAssParserU()
+{
+    m_lines.clear();
+    m_map.clear();
+}
+
+// The int 1 of GetStr passes through here as it stands: the entries made so far
+// stay, the stream stays open and the opened flag is not set.
+bool xcAssParserU::Open(const char* path)
+{
+    m_lines.clear();
+    m_map.clear();
+    if (!zemsub::detail::readAssScript<AssWide>(path, m_lines, m_file,
+                                                [this](xcWString& line) { return ReadString(line); }))
+        return false;
+    ConvertBufToAssMap();
+    std::fclose(m_file);
+    m_file = nullptr;
+    m_opened = true;
+    return true;
+}
+
+bool xcAssParserU::IsOpen() const
+{
+    return m_opened;
+}
+
+const char* xcAssParserU::GetSubTitle(long long)
+{
+    return nullptr;
+}
+
+const wchar_t* xcAssParserU::GetSubTitleU(long long time)
+{
+    const ASS_SESSION_ST_U* entry = zemsub::detail::findShowingAssEntry(m_map, time);
+    return entry ? entry->text.getData() : nullptr;
+}
+
+bool xcAssParserU::ReadString(xcWString& line)
+{
+    return zemsub::detail::readAssLine<AssWide>(m_file, line);
+}
+
+xcWString xcAssParserU::GetStr(xcWString& line, wchar_t sep)
+{
+    return zemsub::detail::cutAssField<AssWide>(line, sep);
+}
+
+int xcAssParserU::GetInt(xcWString& line, wchar_t sep)
+{
+    return zemsub::detail::intFromAssField<AssWide>(GetStr(line, sep));
+}
+
+double xcAssParserU::GetFloat(xcWString& line, char sep)
+{
+    return zemsub::detail::floatFromAssField<AssWide>(GetStr(line, static_cast<wchar_t>(sep)));
+}
+
+bool xcAssParserU::ConvertBufToAssMap()
+{
+    auto strip = [this](xcWString text) { return RemoveSSATags(text); };
+    return zemsub::detail::buildAssEntries<AssWide>(
+        *this, m_lines, {m_map, m_collisions, m_playResX, m_playResY, m_style}, strip);
+}
+
+xcWString xcAssParserU::RemoveSSATags(xcWString text)
+{
+    auto find = [this](const xcWString& t, char c, int start) { return FindChar(t, c, start); };
+    return zemsub::detail::removeSsaTags(text, find, xcWString(L"\\N"), xcWString(L"\n"));
+}
+
+int xcAssParserU::FindChar(xcWString text, char c, int start)
+{
+    return text.find(static_cast<wchar_t>(c), start);
+}
+
+const std::vector<xcWString>& xcAssParserU::GetLines() const
+{
+    return m_lines;
+}
+
+const std::map<int, ASS_SESSION_ST_U>& xcAssParserU::GetMap() const
+{
+    return m_map;
+}
+
+int xcAssParserU::GetPlayResX() const
+{
+    return m_playResX;
+}
+
+int xcAssParserU::GetPlayResY() const
+{
+    return m_playResY;
+}
+
+const xcWString& xcAssParserU::GetCollisions() const
+{
+    return m_collisions;
+}
+
+const ASS_STYLE_ST_U& xcAssParserU::GetStyle() const
+{
+    return m_style;
+}

@@ -41,11 +41,17 @@ public:
     const char* GetSubTitle(long long time) override;         // always null
     const wchar_t* GetSubTitleU(long long time) override;
 
+    // One line; false (and nothing kept) for a last line without a line feed.
     bool ReadString(xcWString& line);
+    // Cuts the first field off line at sep, as xcAssParser::GetStr, but throws
+    // the int 1 where that one answers an empty field (line empty after TrimLeft).
     xcWString GetStr(xcWString& line, wchar_t sep);
+    // Field as "%d"; an "&h" value always reads -1; -1 when nothing converts.
     int GetInt(xcWString& line, wchar_t sep);
+    // Field as "%f"; -1.0 when nothing converts.
     double GetFloat(xcWString& line, char sep);
     bool ConvertBufToAssMap();
+    // As xcAssParser::RemoveSSATags.
     xcWString RemoveSSATags(xcWString text);
     // xcWString::find of c (widened with its sign) from start.
     int FindChar(xcWString text, char c, int start);

@@ -1,0 +1,50 @@
+#ifndef ZEMSUB_PARSERS_DETAIL_ASSLINES_H
+#define ZEMSUB_PARSERS_DETAIL_ASSLINES_H
+
+// Reading an ASS/SSA script into its line list.
+
+#include <string>
+#include <vector>
+
+#include "parsers/detail/AssTraits.h"
+
+namespace zemsub::detail {
+
+// More lines than this (20000) and the script does not open.
+constexpr int kAssLineLimit = 20001;
+
+// One line without its line feed. False, with nothing stored, when the stream
+// is at its end after the read: a last line without a line feed is dropped.
+// Otherwise true when anything was read.
+template <class T> bool readAssLine(FILE* file, typename T::String& line)
+{
+    std::basic_string<typename T::Char> text;
+    if (readLinePieces(file, text))
+        return false;
+    const bool readSomething = !text.empty();
+    dropLineFeed(text);
+    line = typename T::String(text);
+    return readSomething;
+}
+
+// Opens path into file (positioned at T::kFirstByte) and reads every
+// non-empty line into lines through readLine (the parser's ReadString).
+// False when the file cannot be opened, is empty, or holds too many lines;
+// file is then closed and null, and lines keeps what was read.
+template <class T, class ReadLine>
+bool readAssScript(const char* path, std::vector<typename T::String>& lines, FILE*& file, ReadLine readLine)
+{
+    file = openForLines(path, T::kFirstByte, T::kSizeCheck);
+    if (!file)
+        return false;
+    if (!readAllLines(lines, readLine, kAssLineLimit, UnterminatedLastLine::Drop)) {
+        std::fclose(file);
+        file = nullptr;
+        return false;
+    }
+    return true;
+}
+
+} // namespace zemsub::detail
+
+#endif

@@ -1,0 +1,88 @@
+#ifndef ZEMSUB_PARSERS_DETAIL_ASSSCRIPT_H
+#define ZEMSUB_PARSERS_DETAIL_ASSSCRIPT_H
+
+// The line list of an ASS/SSA script to its entries (ConvertBufToAssMap).
+
+#include <map>
+#include <vector>
+
+#include "parsers/detail/AssDialogue.h"
+#include "parsers/detail/AssStyleLine.h"
+#include "parsers/detail/AssTraits.h"
+
+namespace zemsub::detail {
+
+// What the script sets in its parser.
+template <class T> struct AssScriptTargets
+{
+    std::map<int, typename T::Entry>& entries;
+    typename T::String& collisions;
+    int& playResX;
+    int& playResY;
+    typename T::Style& style;
+};
+
+// Both modes start at 3. ScriptType "...4.00" sets both to 4, "...4.00+" both
+// to 5; the "[V4 Styles]" and "[V4+ Styles]" heads set the style mode only.
+// Keys are compared exactly after lower-casing; a line without ":" is its own
+// key. Format lines, Comment lines and unknown keys are passed over.
+// strip is the parser's RemoveSSATags. False when there are no lines.
+template <class T, class P, class Strip>
+bool buildAssEntries(P& parser, const std::vector<typename T::String>& lines, AssScriptTargets<T> out,
+                     Strip strip)
+{
+    using C = typename T::Char;
+    using S = typename T::String;
+    const C comma = C(',');
+
+    int eventMode = 3;
+    int styleMode = 3;
+    int dialogueKey = 1;
+    if (lines.empty())
+        return false;
+
+    for (const S& stored : lines) {
+        S line = stored;
+        line.TrimLeft();
+        line.TrimRight();
+        if (line.isEmpty() || line.getChar(0) == C(';'))
+            continue;
+        S key = parser.GetStr(line, C(':'));
+        key.MakeLower();
+
+        if (key == ZEMSUB_ASS_LIT(C, "playresx")) {
+            out.playResX = parser.GetInt(line, comma);
+        } else if (key == ZEMSUB_ASS_LIT(C, "playresy")) {
+            out.playResY = parser.GetInt(line, comma);
+        } else if (key == ZEMSUB_ASS_LIT(C, "wrapstyle")) {
+            // ignored
+        } else if (key == ZEMSUB_ASS_LIT(C, "scripttype")) {
+            // Right(length()) is empty, so a bare "4.00" with nothing before it matches neither.
+            if (line.length() > 3 && line.Right(4).CompareNoCase(ZEMSUB_ASS_LIT(C, "4.00")) == 0) {
+                eventMode = styleMode = 4;
+            } else if (line.length() > 4 && line.Right(5).CompareNoCase(ZEMSUB_ASS_LIT(C, "4.00+")) == 0) {
+                eventMode = styleMode = 5;
+            }
+        } else if (key == ZEMSUB_ASS_LIT(C, "collisions")) {
+            S value = parser.GetStr(line, comma);
+            value.MakeLower();
+            out.collisions = S(value.find(S(ZEMSUB_ASS_LIT(C, "reverse")), 0) >= 0 ? 1 : 0);
+        } else if (key == ZEMSUB_ASS_LIT(C, "scaledborderandshadow")) {
+            // ignored
+        } else if (key == ZEMSUB_ASS_LIT(C, "[v4 styles]")) {
+            styleMode = 4;
+        } else if (key == ZEMSUB_ASS_LIT(C, "[v4+ styles]")) {
+            styleMode = 5;
+        } else if (key == ZEMSUB_ASS_LIT(C, "style")) {
+            readAssStyle<T>(parser, line, styleMode, out.style);
+        } else if (key == ZEMSUB_ASS_LIT(C, "dialogue")) {
+            readAssDialogue<T>(parser, line, eventMode, dialogueKey, out.entries, strip);
+            ++dialogueKey;
+        }
+    }
+    return true;
+}
+
+} // namespace zemsub::detail
+
+#endif
