@@ -31,10 +31,12 @@ public:
     // Throws the int 1 when the line is empty and has no separator.
     xcString GetStr(xcString& line, char sep);
     int GetInt(xcString& line, char sep);
+    // Empty and ";" lines are passed over; always true.
     bool ConvertBufToIdxMap();
     // filePos of the first entry within 499 ms of timeMs, or 0.
     long long GetFilePos(long long timeMs);
-    // The subtitle packet due at timeMs, read from the .sub file; free with delete[].
+    // The subtitle packet due at timeMs, read from the .sub file (closed again
+    // before the answer); free with delete[]. Null when a sector check fails.
     unsigned char* GetPacket(long long timeMs, int& packetSize, int& controlOffset);
 
     const std::vector<xcString>& GetLines() const;

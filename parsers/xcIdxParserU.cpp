@@ -1,20 +1,101 @@
-// Placeholder, replaced by the real implementation.
 #include "parsers/xcIdxParserU.h"
-#include <type_traits>
 
-xcIdxParserU::xcIdxParserU() {}
-xcIdxParserU::~xcIdxParserU() {}
-bool xcIdxParserU::Open(wchar_t*) { return false; }
-bool xcIdxParserU::ReadString(xcWString&) { return false; }
-xcWString xcIdxParserU::GetStr(xcWString&, wchar_t) { return {}; }
-int xcIdxParserU::GetInt(xcWString&, wchar_t) { return 0; }
-bool xcIdxParserU::ConvertBufToIdxMap() { return false; }
-long long xcIdxParserU::GetFilePos(int) { return 0; }
-unsigned char* xcIdxParserU::GetPacket(int, int&, int&) { return nullptr; }
-const std::vector<xcWString>& xcIdxParserU::GetLines() const { static std::remove_cv_t<std::remove_reference_t<const std::vector<xcWString>&>> v; return v; }
-const std::map<int, SUB_SESSION_ST_U>& xcIdxParserU::GetMap() const { static std::remove_cv_t<std::remove_reference_t<const std::map<int, SUB_SESSION_ST_U>&>> v; return v; }
-const xcWString& xcIdxParserU::GetSubPath() const { static std::remove_cv_t<std::remove_reference_t<const xcWString&>> v; return v; }
-int xcIdxParserU::GetCustomColorSwitch() const { return 0; }
-unsigned int xcIdxParserU::GetTransparencyMask() const { return 0; }
-const unsigned int* xcIdxParserU::GetPalette() const { return nullptr; }
-const unsigned int* xcIdxParserU::GetCustomColors() const { return nullptr; }
+#include "parsers/detail/IdxFields.h"
+#include "parsers/detail/IdxLookup.h"
+#include "parsers/detail/IdxMapBuilder.h"
+#include "parsers/detail/IdxPacket.h"
+#include "parsers/detail/IdxReading.h"
+#include "parsers/detail/IdxTwins.h"
+
+namespace {
+using Twin = zemsub::detail::WideIdx;
+}
+
+xcIdxParserU::xcIdxParserU()
+    : m_file(nullptr), m_opened(false), m_customColorSwitch(0),
+      m_transparencyMask(0), m_palette{}, m_customColors{}
+{
+}
+
+xcIdxParserU::~xcIdxParserU() = default;
+
+bool xcIdxParserU::Open(wchar_t* path)
+{
+    using namespace zemsub::detail;
+    m_subPath = idxSubPath<xcWString, wchar_t>(xcWString(path));
+    m_lines.clear();
+    const bool whole = readIdxFile(
+        m_file, Twin::indexFileName(path), Twin::kSizeCheck, m_lines,
+        [this](xcWString& line) { return ReadString(line); }, [this] { ConvertBufToIdxMap(); });
+    if (whole)
+        m_opened = true;
+    return whole;
+}
+
+bool xcIdxParserU::ReadString(xcWString& line)
+{
+    return zemsub::detail::readIdxLine<xcWString, wchar_t>(m_file, line);
+}
+
+xcWString xcIdxParserU::GetStr(xcWString& line, wchar_t sep)
+{
+    return zemsub::detail::cutIdxField(line, sep);
+}
+
+int xcIdxParserU::GetInt(xcWString& line, wchar_t sep)
+{
+    return zemsub::detail::readIdxIntField(line, sep);
+}
+
+bool xcIdxParserU::ConvertBufToIdxMap()
+{
+    zemsub::detail::buildIdxMap<Twin>(m_lines, m_map,
+                                      {m_customColorSwitch, m_transparencyMask, m_palette, m_customColors});
+    return true;
+}
+
+long long xcIdxParserU::GetFilePos(int timeMs)
+{
+    return zemsub::detail::findIdxFilePos(m_map, timeMs, Twin::kLookupTolerance, Twin::kLookupBound);
+}
+
+unsigned char* xcIdxParserU::GetPacket(int timeMs, int& packetSize, int& controlOffset)
+{
+    const long long pos = GetFilePos(timeMs);
+    return zemsub::detail::readSubPacket(Twin::packetFileName(m_subPath), pos, packetSize, controlOffset);
+}
+
+const std::vector<xcWString>& xcIdxParserU::GetLines() const
+{
+    return m_lines;
+}
+
+const std::map<int, SUB_SESSION_ST_U>& xcIdxParserU::GetMap() const
+{
+    return m_map;
+}
+
+const xcWString& xcIdxParserU::GetSubPath() const
+{
+    return m_subPath;
+}
+
+int xcIdxParserU::GetCustomColorSwitch() const
+{
+    return m_customColorSwitch;
+}
+
+unsigned int xcIdxParserU::GetTransparencyMask() const
+{
+    return m_transparencyMask;
+}
+
+const unsigned int* xcIdxParserU::GetPalette() const
+{
+    return m_palette;
+}
+
+const unsigned int* xcIdxParserU::GetCustomColors() const
+{
+    return m_customColors;
+}

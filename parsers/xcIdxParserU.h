@@ -29,6 +29,7 @@ public:
     xcWString GetStr(xcWString& line, wchar_t sep);
     int GetInt(xcWString& line, wchar_t sep);
     bool ConvertBufToIdxMap();
+    // filePos of the first entry within 999 ms of timeMs, or 0.
     long long GetFilePos(int timeMs);
     unsigned char* GetPacket(int timeMs, int& packetSize, int& controlOffset);
 

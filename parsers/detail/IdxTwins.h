@@ -1,0 +1,75 @@
+#ifndef ZEMSUB_PARSERS_DETAIL_IDXTWINS_H
+#define ZEMSUB_PARSERS_DETAIL_IDXTWINS_H
+
+// Every point where the VobSub index twins differ, side by side. Everything
+// else is the shared code of the other Idx*.h headers.
+
+#include "parsers/detail/IdxLookup.h"
+#include "parsers/detail/LineReader.h"
+#include "parsers/xcIdxParser.h"
+#include "parsers/xcIdxParserU.h"
+
+namespace zemsub::detail {
+
+struct NarrowIdx
+{
+    using Char = char;
+    using String = xcString;
+    using Entry = SUB_SESSION_ST;
+
+    // The index file is opened by its path.
+    static const char* indexFileName(const char* path) { return path; }
+    static constexpr SizeCheck kSizeCheck = SizeCheck::SeekToEnd;
+
+    // A "timestamp" entry is keyed by the position of its line in the line list.
+    static constexpr bool kKeyByLinePosition = true;
+
+    // Values are read from behind the whole marker ("tridx:", "colors:", "filepos:").
+    static constexpr int kTridxSkip = 6;
+    static constexpr int kColorsSkip = 7;
+    static constexpr int kFilePosSkip = 8;
+    // A position that does not read leaves the entry's filePos as it was.
+    static long long filePosBeforeRead(const Entry& entry) { return entry.filePos; }
+
+    // GetFilePos: within 499 ms, bound read at each step.
+    static constexpr int kLookupTolerance = 499;
+    static constexpr IdxScanBound kLookupBound = IdxScanBound::EachStep;
+
+    // GetPacket reads the .sub path formed by Open.
+    static const char* packetFileName(const String& subPath) { return subPath.getData(); }
+};
+
+struct WideIdx
+{
+    using Char = wchar_t;
+    using String = xcWString;
+    using Entry = SUB_SESSION_ST_U;
+
+    // The wide path's storage is handed over as narrow bytes: with 32-bit
+    // little-endian wchar_t the name ends after the path's first character.
+    static const char* indexFileName(const wchar_t* path) { return reinterpret_cast<const char*>(path); }
+    // Measured through the descriptor, so the stream is not sought before it turns wide.
+    static constexpr SizeCheck kSizeCheck = SizeCheck::FromDescriptor;
+
+    // A "timestamp" entry is keyed by the count of "timestamp" lines before it.
+    static constexpr bool kKeyByLinePosition = false;
+
+    // Values are read from behind the marker's name only: the ":" stays in
+    // front of the number, so the mask, the colours and the position read nothing.
+    static constexpr int kTridxSkip = 5;
+    static constexpr int kColorsSkip = 6;
+    static constexpr int kFilePosSkip = 7;
+    // The position is read into a work value that starts at 0 and is stored either way.
+    static long long filePosBeforeRead(const Entry&) { return 0; }
+
+    // GetFilePos: within 999 ms, bound read once.
+    static constexpr int kLookupTolerance = 999;
+    static constexpr IdxScanBound kLookupBound = IdxScanBound::Once;
+
+    // GetPacket opens the empty name, not the .sub path.
+    static const char* packetFileName(const String&) { return ""; }
+};
+
+} // namespace zemsub::detail
+
+#endif
