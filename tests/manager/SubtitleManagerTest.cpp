@@ -194,6 +194,22 @@ TEST_F(SubtitleManagerTest, MarkedAssChoosesTheWideAssParser)
     }
 }
 
+TEST_F(SubtitleManagerTest, AssScriptOpensAndAnswersThroughTheManager)
+{
+    const std::string plain = dir.write("script.ass", kScript);
+    ASSERT_TRUE(manager.Open(plain.c_str()));
+    EXPECT_TRUE(manager.IsOpen());
+    EXPECT_EQ(show(manager.GetSubTitle(1500)), "\none");
+    EXPECT_EQ(manager.GetSubTitleU(1500), nullptr);
+
+    const std::string marked = dir.write("script.ssa", withMark(kScript));
+    ASSERT_TRUE(manager.Open(marked.c_str()));
+    EXPECT_EQ(manager.GetFormatCode(), 5);
+    EXPECT_TRUE(manager.IsOpen());
+    EXPECT_EQ(show(manager.GetSubTitleU(1500)), L"\none");
+    EXPECT_EQ(manager.GetSubTitle(1500), nullptr);
+}
+
 TEST_F(SubtitleManagerTest, OnlyTheTextAfterTheLastDotCounts)
 {
     const std::string srtTxt = dir.write("movie.srt.txt", kSubRip);
