@@ -1,0 +1,196 @@
+#!/usr/bin/env python3
+"""Writes samples/vobsub.idx and samples/vobsub.sub: a small VobSub pair, byte by byte.
+
+The .sub file is an MPEG-2 program stream in 2048-byte sectors. Each subtitle is
+one DVD subpicture unit (a 2-bit run-length bitmap and its control sequences) in
+private stream 1, substream 0x20, split over as many sectors as it needs: every
+sector but the last is filled to its end, the last one is closed with a padding
+packet. The .idx file lists each subtitle's time and the offset of its first sector.
+
+Run it from anywhere: python3 tools/make-sample-sub.py
+"""
+
+import os
+import struct
+
+SECTOR = 2048
+SUBSTREAM = 0x20
+HERE = os.path.dirname(os.path.abspath(__file__))
+SAMPLES = os.path.join(os.path.dirname(HERE), "samples")
+
+
+def pack_header():
+    # 00 00 01 BA, system clock reference 0 with its marker bits, mux rate, no stuffing.
+    return bytes([0x00, 0x00, 0x01, 0xBA, 0x44, 0x00, 0x04, 0x00, 0x04, 0x01, 0x01, 0x89, 0xC3, 0xF8])
+
+
+def pts_bytes(pts):
+    return bytes([
+        0x21 | ((pts >> 29) & 0x0E),
+        (pts >> 22) & 0xFF,
+        0x01 | ((pts >> 14) & 0xFE),
+        (pts >> 7) & 0xFF,
+        0x01 | ((pts << 1) & 0xFE),
+    ])
+
+
+def pes_sector(payload, pts, room_left):
+    """One sector: pack header, private stream 1 PES with the substream byte, payload,
+    then padding. pts is None for a continuation sector."""
+    header_data = pts_bytes(pts) if pts is not None else b""
+    flags = 0x80 if pts is not None else 0x00
+    used = 14 + 9 + len(header_data) + 1 + len(payload)
+    rest = SECTOR - used
+    if 0 < rest < 6:
+        # Too little room for a padding packet: stuff the PES header instead.
+        header_data += b"\xFF" * rest
+        rest = 0
+    pes_body = bytes([0x81, flags, len(header_data)]) + header_data + bytes([SUBSTREAM]) + payload
+    sector = pack_header() + b"\x00\x00\x01\xBD" + struct.pack(">H", len(pes_body)) + pes_body
+    if rest:
+        sector += b"\x00\x00\x01\xBE" + struct.pack(">H", rest - 6) + b"\xFF" * (rest - 6)
+    assert len(sector) == SECTOR, len(sector)
+    return sector
+
+
+class Nibbles:
+    def __init__(self):
+        self.values = []
+
+    def put(self, value, count):
+        for shift in range(count - 1, -1, -1):
+            self.values.append((value >> (4 * shift)) & 0xF)
+
+    def align(self):
+        if len(self.values) % 2:
+            self.values.append(0)
+
+    def bytes(self):
+        self.align()
+        return bytes((self.values[i] << 4) | self.values[i + 1] for i in range(0, len(self.values), 2))
+
+
+def encode_run(nibbles, count, colour):
+    if count < 4:
+        nibbles.put((count << 2) | colour, 1)
+    elif count < 16:
+        nibbles.put((count << 2) | colour, 2)
+    elif count < 64:
+        nibbles.put((count << 2) | colour, 3)
+    else:
+        nibbles.put((count << 2) | colour, 4)
+
+
+def encode_rows(rows):
+    nibbles = Nibbles()
+    for row in rows:
+        x = 0
+        while x < len(row):
+            colour = row[x]
+            run = 1
+            while x + run < len(row) and row[x + run] == colour and run < 255:
+                run += 1
+            encode_run(nibbles, run, colour)
+            x += run
+        nibbles.align()
+    return nibbles.bytes()
+
+
+def bitmap(width, height, bars, checker):
+    """Colour 0 background, 1 fill, 2 border; bars vertical stripes of colour 3,
+    or a checkerboard of 1 and 3 (which makes a long packet)."""
+    rows = []
+    for y in range(height):
+        row = []
+        for x in range(width):
+            if x < 2 or y < 2 or x >= width - 2 or y >= height - 2:
+                row.append(2)
+            elif checker:
+                row.append(1 if (x + y) % 2 else 3)
+            elif bars and (x * bars // width) % 2 == 0:
+                row.append(3)
+            else:
+                row.append(1)
+        rows.append(row)
+    return rows
+
+
+def subpicture(rows, x, y, duration_ms):
+    width, height = len(rows[0]), len(rows)
+    top = encode_rows(rows[0::2])
+    bottom = encode_rows(rows[1::2])
+    pixels = top + bottom
+    first_control = 4 + len(pixels)
+    x2, y2 = x + width - 1, y + height - 1
+    commands = bytes([
+        0x03, 0x32, 0x10,           # colours: emphasis 2, emphasis 1, pattern, background
+        0x04, 0xFF, 0xF0,           # contrast
+        0x05, x >> 4, ((x & 0xF) << 4) | (x2 >> 8), x2 & 0xFF, y >> 4, ((y & 0xF) << 4) | (y2 >> 8), y2 & 0xFF,
+        0x06,
+    ]) + struct.pack(">HH", 4, 4 + len(top)) + bytes([0x01, 0xFF])
+    second_control = first_control + 4 + len(commands)
+    delay = duration_ms * 90 // 1024
+    stop = struct.pack(">HH", delay, second_control) + bytes([0x02, 0xFF])
+    body = pixels + struct.pack(">HH", 0, second_control) + commands + stop
+    return struct.pack(">HH", 4 + len(body), first_control) + body
+
+
+def sectors_for(unit, pts):
+    first_room = SECTOR - (14 + 9 + 5 + 1)
+    next_room = SECTOR - (14 + 9 + 1)
+    sectors = []
+    chunk, unit = unit[:first_room], unit[first_room:]
+    sectors.append(pes_sector(chunk, pts, 0))
+    while unit:
+        chunk, unit = unit[:next_room], unit[next_room:]
+        sectors.append(pes_sector(chunk, None, 0))
+    return sectors
+
+
+def timestamp(ms):
+    return "%02d:%02d:%02d:%03d" % (ms // 3600000, ms // 60000 % 60, ms // 1000 % 60, ms % 1000)
+
+
+SUBTITLES = [
+    # start ms, duration ms, bitmap
+    (1000, 2500, bitmap(96, 24, bars=2, checker=False)),
+    (4000, 2500, bitmap(120, 24, bars=6, checker=False)),
+    (7500, 3000, bitmap(200, 40, bars=0, checker=True)),
+]
+
+
+def main():
+    stream = b""
+    index_lines = [
+        "# VobSub index file, v7 (do not modify this line!)",
+        "# Written for libzemsubtitle's samples by tools/make-sample-sub.py.",
+        "size: 720x480",
+        "org: 0, 0",
+        "scale: 100%, 100%",
+        "alpha: 100%",
+        "smooth: OFF",
+        "fadein/out: 50, 50",
+        "align: OFF at LEFT TOP",
+        "time offset: 0",
+        "forced subs: OFF",
+        "palette: 000000, f0f0f0, 202020, e0c020, 3333fa, 1111bb, fa3333, bb1111, "
+        "33fa33, 11bb11, fafa33, bbbb11, fa33fa, bb11bb, 33fafa, 11bbbb",
+        "custom colors: OFF, tridx: 1000, colors: 000000, f0f0f0, 202020, e0c020",
+        "langidx: 0",
+        "",
+        "# English",
+        "id: en, index: 0",
+    ]
+    for start, duration, rows in SUBTITLES:
+        unit = subpicture(rows, 300, 400, duration)
+        index_lines.append("timestamp: %s, filepos: %09x" % (timestamp(start), len(stream)))
+        for sector in sectors_for(unit, start * 90):
+            stream += sector
+    with open(os.path.join(SAMPLES, "vobsub.sub"), "wb") as f:
+        f.write(stream)
+    with open(os.path.join(SAMPLES, "vobsub.idx"), "w", newline="\n") as f:
+        f.write("\n".join(index_lines) + "\n")
+
+
+if __name__ == "__main__":
+    main()
