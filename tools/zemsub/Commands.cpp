@@ -1,0 +1,28 @@
+#include "Commands.h"
+
+namespace zemsub::tool {
+
+bool commandPaints(const QString& command)
+{
+    return command == QLatin1String("render") || command == QLatin1String("sheet");
+}
+
+CommandRunner findCommand(const QString& command)
+{
+    struct Entry
+    {
+        const char* name;
+        CommandRunner run;
+    };
+    static const Entry commands[] = {
+        {"info", runInfo},     {"at", runAt},       {"dump", runDump},
+        {"render", runRender}, {"sheet", runSheet}, {"lint", runLint},
+    };
+    for (const Entry& entry : commands) {
+        if (command == QLatin1String(entry.name))
+            return entry.run;
+    }
+    return nullptr;
+}
+
+} // namespace zemsub::tool

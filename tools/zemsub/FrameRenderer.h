@@ -1,0 +1,93 @@
+#ifndef ZEMSUB_TOOL_FRAMERENDERER_H
+#define ZEMSUB_TOOL_FRAMERENDERER_H
+
+#include "LibraryView.h"
+
+#include <QCommandLineOption>
+#include <QCommandLineParser>
+#include <QImage>
+#include <QPoint>
+#include <QSize>
+#include <QString>
+#include <optional>
+
+class ISubTitle;
+
+namespace zemsub::tool {
+
+// The caption style and frame a player sets through ISubTitle.
+struct RenderStyle
+{
+    QSize size{480, 360};
+    QString family = QStringLiteral("DejaVu Sans");
+    int pointSize = 18;
+    QString styleWord = QStringLiteral("Regular");
+    int colour = 0xFFFFFF; // red in bits 0-7
+    int lineSpacing = 2;
+    QPoint position{240, 330};       // caption centre x, bottom y
+    std::optional<int> transparency; // setTrasparency is only called when given
+    QString background;              // colour name or image path; empty: a synthetic frame
+};
+
+// The options that render and sheet share.
+class StyleOptions
+{
+public:
+    StyleOptions();
+    void addTo(QCommandLineParser& parser) const;
+    // Throws ToolError (exit 2) for a malformed value.
+    RenderStyle read(const QCommandLineParser& parser, const QString& command) const;
+
+private:
+    QCommandLineOption m_size, m_font, m_point, m_style, m_colour, m_spacing, m_pos, m_transparency,
+        m_background;
+};
+
+// The record a getSubtitleData call answered, copied.
+struct CaptionRecord
+{
+    bool shown = false;
+    int width = 0;
+    int height = 0;
+    int x = 0;
+    int y = 0;
+};
+
+struct RenderedFrame
+{
+    QImage image;
+    CaptionRecord record;
+};
+
+// Drives ISubTitle exactly as a player does: createSubtitle, the setters, open,
+// getSubtitleData per frame, destroySubData, close, destroySubtitle.
+class CaptionPlayer
+{
+public:
+    // Throws ToolError (exit 1) with the reason when the library does not open the file.
+    CaptionPlayer(const FileFacts& facts, const RenderStyle& style);
+    ~CaptionPlayer();
+    CaptionPlayer(const CaptionPlayer&) = delete;
+    CaptionPlayer& operator=(const CaptionPlayer&) = delete;
+
+    // The frame at ms: the background with the caption image laid over it.
+    // The caption image covers the whole frame and is centred on it, so the
+    // caption stands at the frame's centre plus the record's x and y.
+    RenderedFrame frameAt(long long ms);
+    const RenderStyle& style() const { return m_style; }
+
+private:
+    ISubTitle* m_subtitle = nullptr;
+    RenderStyle m_style;
+    QImage m_background;
+};
+
+// The frame behind the captions: a colour, an image (scaled to cover), or a synthetic frame.
+QImage makeBackground(const RenderStyle& style);
+
+// "x=.. y=.. width=.. height=.." or "none".
+QString describeRecord(const CaptionRecord& record);
+
+} // namespace zemsub::tool
+
+#endif

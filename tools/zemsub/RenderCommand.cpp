@@ -1,0 +1,47 @@
+// zemsub render: the frame a player draws at one time.
+#include "Commands.h"
+
+#include "CommandLine.h"
+#include "FrameRenderer.h"
+#include "LibraryView.h"
+#include "TimeParser.h"
+
+namespace zemsub::tool {
+
+int runRender(const QStringList& args)
+{
+    SubcommandLine line(
+        QStringLiteral("render"),
+        QStringLiteral("Goes through ISubTitle exactly as a player does and writes the frame at TIME "
+                       "with the caption image laid over it. The caption image covers the whole "
+                       "frame, so the caption stands at the frame's centre plus the record's x and y."));
+    const QCommandLineOption outputOption({QStringLiteral("o"), QStringLiteral("output")},
+                                          QStringLiteral("The PNG file to write."),
+                                          QStringLiteral("OUT.png"));
+    line.parser().addOption(outputOption);
+    StyleOptions styleOptions;
+    styleOptions.addTo(line.parser());
+    line.addPositional(QStringLiteral("file"), QStringLiteral("The subtitle file."));
+    line.addPositional(QStringLiteral("time"), QStringLiteral("Milliseconds, hh:mm:ss,mmm or h:mm:ss.cc."));
+    if (!line.parse(args))
+        return ExitSuccess;
+    const QStringList positionals = line.positionals(2, 2);
+    const std::optional<long long> time = parseTime(positionals.at(1));
+    if (!time)
+        usageError(QStringLiteral("render: \"%1\" is not a time").arg(positionals.at(1)));
+    const QString output = line.parser().value(outputOption);
+    if (output.isEmpty())
+        usageError(QStringLiteral("render: -o OUT.png is required"));
+    const RenderStyle style = styleOptions.read(line.parser(), QStringLiteral("render"));
+
+    const FileFacts facts = inspectFile(positionals.at(0));
+    CaptionPlayer player(facts, style);
+    const RenderedFrame frame = player.frameAt(*time);
+    if (!frame.image.save(output, "PNG"))
+        throw ToolError{ExitCannotRead, output + QStringLiteral(": cannot write the image")};
+    out(QStringLiteral("time %1\trecord %2\twrote %3\n")
+            .arg(formatTime(*time), describeRecord(frame.record), output));
+    return ExitSuccess;
+}
+
+} // namespace zemsub::tool

@@ -1,0 +1,91 @@
+// zemsub: shows what libzemsubtitle, and so a player built on it, shows for a subtitle file.
+#include "CommandLine.h"
+#include "Commands.h"
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QtGlobal>
+
+#include <clocale>
+#include <cstring>
+#include <memory>
+
+using namespace zemsub::tool;
+
+namespace {
+
+// The wide readers decode with the C library under the process locale. Qt's
+// application object applies the environment's locale; where that is the plain
+// C locale, take C.UTF-8 so that UTF-8 text behind FF FE decodes.
+void settleLocale()
+{
+    std::setlocale(LC_ALL, "");
+    const char* current = std::setlocale(LC_CTYPE, nullptr);
+    if (!current || std::strcmp(current, "C") == 0 || std::strcmp(current, "POSIX") == 0)
+        std::setlocale(LC_ALL, "C.UTF-8");
+}
+
+// Qt's offscreen platform warns about a missing runtime directory on every run;
+// that says nothing about the subtitle file, so it is left out.
+void quietHandler(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    if (message.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR not set")))
+        return;
+    std::fputs(qPrintable(qFormatLogMessage(type, context, message) + QLatin1Char('\n')), stderr);
+}
+
+// Paint without a display: the offscreen platform when none is configured.
+void chooseOffscreenWithoutDisplay()
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && qEnvironmentVariableIsEmpty("DISPLAY") &&
+        qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qInstallMessageHandler(quietHandler);
+    const QString command = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
+    std::unique_ptr<QCoreApplication> app;
+    if (commandPaints(command)) {
+        chooseOffscreenWithoutDisplay();
+        app = std::make_unique<QGuiApplication>(argc, argv);
+    } else {
+        app = std::make_unique<QCoreApplication>(argc, argv);
+    }
+    QCoreApplication::setApplicationName(QStringLiteral("zemsub"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(ZEMSUB_VERSION_TEXT));
+    settleLocale();
+
+    QStringList args = QCoreApplication::arguments();
+    args.removeFirst();
+    try {
+        if (args.isEmpty())
+            usageError(QStringLiteral("no command given"));
+        const QString name = args.takeFirst();
+        if (name == QLatin1String("--help") || name == QLatin1String("-h") || name == QLatin1String("help")) {
+            out(generalHelp());
+            return ExitSuccess;
+        }
+        if (name == QLatin1String("--version") || name == QLatin1String("-v")) {
+            out(versionText());
+            return ExitSuccess;
+        }
+        const CommandRunner run = findCommand(name);
+        if (!run)
+            usageError(QStringLiteral("unknown command \"%1\"").arg(name));
+        const int code = run(args);
+        std::fflush(stdout);
+        return code;
+    } catch (const ToolError& error) {
+        std::fflush(stdout);
+        err(QStringLiteral("zemsub: %1\n").arg(error.message));
+        return error.code;
+    } catch (const std::exception& error) {
+        std::fflush(stdout);
+        err(QStringLiteral("zemsub: %1\n").arg(QString::fromLocal8Bit(error.what())));
+        return ExitCannotRead;
+    }
+}
