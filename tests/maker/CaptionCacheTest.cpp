@@ -352,6 +352,18 @@ TEST_F(OpenMaker, CorrectedSizeShowsTheSameCaptionAfterASetter)
     EXPECT_EQ(copy.height, 200);
 }
 
+TEST_F(OpenMaker, TransparencyHundredGivesARecordWithAFullyTransparentImage)
+{
+    openSrt(makertest::twoCaptionSrt());
+    maker.setTrasparency(100);
+    SubtitleData* data = maker.getSubtitleData(1500, 0);
+    ASSERT_NE(data, nullptr);
+    const QImage image = makertest::pixels(*data->image);
+    maker.destroySubData(data);
+    EXPECT_EQ(image.size(), QSize(480, 360));
+    EXPECT_EQ(makertest::countPixels(image, makertest::anyInk), 0);
+}
+
 TEST(DestroySubData, NullIsHarmless)
 {
     ZemSubtitleMaker maker;
