@@ -1,12 +1,14 @@
 #include "parsers/xcSrtParser.h"
 
+#include "parsers/detail/ScanIndex.h"
 #include "parsers/detail/SrtMapBuilder.h"
 #include "parsers/detail/SrtReading.h"
 #include "parsers/detail/SrtTraits.h"
 
 using zemsub::detail::SrtNarrow;
 
-xcSrtParser::xcSrtParser() : m_file(nullptr), m_opened(false)
+xcSrtParser::xcSrtParser()
+    : m_file(nullptr), m_opened(false), m_index(std::make_unique<zemsub::detail::ScanIndex<SRC_SESSION_ST>>())
 {
 }
 
@@ -20,6 +22,7 @@ bool xcSrtParser::Open(const char* path)
 {
     m_lines.clear();
     m_map.clear();
+    m_index->reset();
     if (!zemsub::detail::readSrtFile<SrtNarrow>(path, m_file, m_lines,
                                                 [this](xcString& line) { return ReadString(line); }))
         return false;
@@ -34,23 +37,14 @@ bool xcSrtParser::IsOpen() const
     return m_opened;
 }
 
-// The look-up: keys 1 to size - 1 in order, each taken with the map's index
-// operator (a missing key is inserted as an empty entry). The first entry whose
-// times enclose timeMs wins; key 0 and the highest key are never looked at.
+// The look-up: the first of keys 1 to size - 1 (size on entry) whose times
+// enclose timeMs, as a key-by-key scan with the map's index operator finds it,
+// inserting an empty entry for every missing key it passes. Key 0 and the
+// highest key are never looked at.
 const char* xcSrtParser::GetSubTitle(long long timeMs)
 {
-    if (timeMs < 0)
-        return nullptr;
-    const int count = static_cast<int>(m_map.size());
-    if (count < 2)
-        return nullptr;
-    for (int key = 1; key < count; ++key) {
-        if (timeMs < m_map[key].start)
-            continue;
-        if (timeMs <= m_map[key].end)
-            return m_map[key].text.getData();
-    }
-    return nullptr;
+    const SRC_SESSION_ST* entry = m_index->findFromOneBelowSize(m_map, timeMs);
+    return entry ? entry->text.getData() : nullptr;
 }
 
 const wchar_t* xcSrtParser::GetSubTitleU(long long)
@@ -65,6 +59,7 @@ bool xcSrtParser::ReadString(xcString& line)
 
 bool xcSrtParser::ConvertBufToSrtMap()
 {
+    m_index->invalidate(m_map);
     zemsub::detail::buildSrtMap<SrtNarrow>(m_lines, m_map);
     return true;
 }
@@ -76,5 +71,6 @@ const std::vector<xcString>& xcSrtParser::GetLines() const
 
 const std::map<int, SRC_SESSION_ST>& xcSrtParser::GetMap() const
 {
+    m_index->materialize(m_map);
     return m_map;
 }

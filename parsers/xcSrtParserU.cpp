@@ -4,6 +4,7 @@
 #include <cstring>
 #include <cwchar>
 
+#include "parsers/detail/ScanIndex.h"
 #include "parsers/detail/SrtMapBuilder.h"
 #include "parsers/detail/SrtReading.h"
 #include "parsers/detail/SrtTraits.h"
@@ -27,7 +28,8 @@ int __wtoi(const wchar_t* s)
     return value;
 }
 
-xcSrtParserU::xcSrtParserU() : m_file(nullptr), m_opened(false)
+xcSrtParserU::xcSrtParserU()
+    : m_file(nullptr), m_opened(false), m_index(std::make_unique<zemsub::detail::ScanIndex<SRC_SESSION_ST_U>>())
 {
 }
 
@@ -41,6 +43,7 @@ bool xcSrtParserU::Open(const char* path)
 {
     m_lines.clear();
     m_map.clear();
+    m_index->reset();
     if (!zemsub::detail::readSrtFile<SrtWide>(path, m_file, m_lines,
                                               [this](xcWString& line) { return ReadString(line); }))
         return false;
@@ -61,23 +64,13 @@ const char* xcSrtParserU::GetSubTitle(long long)
 }
 
 // The look-up: keys from 0 upward while below the map's size, read afresh at
-// every step. Each key is taken with the map's index operator, so a missing key
-// is inserted as an empty entry and the size grows: with entries 1 to N, key 0
+// every step, as a scan with the map's index operator does it: a missing key is
+// inserted as an empty entry and the size grows, so with entries 1 to N key 0
 // is added and every entry is reached. Time 0 and below answer null.
 const wchar_t* xcSrtParserU::GetSubTitleU(long long timeMs)
 {
-    if (timeMs <= 0)
-        return nullptr;
-    if (m_map.empty())
-        return nullptr;
-    for (int key = 0; static_cast<size_t>(key) < m_map.size(); ++key) {
-        SRC_SESSION_ST_U& entry = m_map[key];
-        if (timeMs < entry.start)
-            continue;
-        if (timeMs <= entry.end)
-            return entry.text.getData();
-    }
-    return nullptr;
+    const SRC_SESSION_ST_U* entry = m_index->findFromZeroWhileBelowSize(m_map, timeMs);
+    return entry ? entry->text.getData() : nullptr;
 }
 
 bool xcSrtParserU::ReadString(xcWString& line)
@@ -87,6 +80,7 @@ bool xcSrtParserU::ReadString(xcWString& line)
 
 bool xcSrtParserU::ConvertBufToSrtMap()
 {
+    m_index->invalidate(m_map);
     zemsub::detail::buildSrtMap<SrtWide>(m_lines, m_map);
     return true;
 }
@@ -98,5 +92,6 @@ const std::vector<xcWString>& xcSrtParserU::GetLines() const
 
 const std::map<int, SRC_SESSION_ST_U>& xcSrtParserU::GetMap() const
 {
+    m_index->materialize(m_map);
     return m_map;
 }

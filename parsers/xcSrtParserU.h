@@ -3,7 +3,13 @@
 
 #include <cstdio>
 #include <map>
+#include <memory>
 #include <vector>
+
+namespace zemsub::detail {
+template <class Entry>
+class ScanIndex;
+}
 
 #include "parsers/IParser.h"
 #include "strings/xcWString.h"
@@ -42,8 +48,11 @@ public:
 private:
     FILE* m_file;
     std::vector<xcWString> m_lines;
-    std::map<int, SRC_SESSION_ST_U> m_map;
+    // Look-ups insert entries for missing keys; the index holds them as a range
+    // and puts them into the map when the map is asked for.
+    mutable std::map<int, SRC_SESSION_ST_U> m_map;
     bool m_opened;
+    std::unique_ptr<zemsub::detail::ScanIndex<SRC_SESSION_ST_U>> m_index;
 };
 
 #endif

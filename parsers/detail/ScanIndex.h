@@ -141,11 +141,9 @@ private:
     const Entry* fillAndTake(std::map<int, Entry>& map, long long key)
     {
         fill(key);
-        auto it = map.find(int(key));
-        if (it != map.end())
-            return &it->second;
-        static const Entry zero{};
-        return &zero;
+        // The answer points into the entry's own node: an inserted entry that is
+        // answered gets its node now (the map would hold it anyway).
+        return &map.try_emplace(int(key)).first->second;
     }
 
     bool m_built = false;
