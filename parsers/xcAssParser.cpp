@@ -11,7 +11,9 @@
 
 using zemsub::detail::AssNarrow;
 
-xcAssParser::xcAssParser() : m_file(nullptr), m_opened(false), m_playResX(0), m_playResY(0)
+xcAssParser::xcAssParser()
+    : m_file(nullptr), m_opened(false), m_playResX(0), m_playResY(0),
+      m_index(std::make_unique<zemsub::detail::AssLookupIndex>())
 {
 }
 
@@ -25,6 +27,7 @@ bool xcAssParser::Open(const char* path)
 {
     m_lines.clear();
     m_map.clear();
+    m_index->invalidate();
     if (!zemsub::detail::readAssScript<AssNarrow>(path, m_lines, m_file,
                                                   [this](xcString& line) { return ReadString(line); }))
         return false;
@@ -42,7 +45,7 @@ bool xcAssParser::IsOpen() const
 
 const char* xcAssParser::GetSubTitle(long long time)
 {
-    const ASS_SESSION_ST* entry = zemsub::detail::findShowingAssEntry(m_map, time);
+    const ASS_SESSION_ST* entry = m_index->find(m_map, time);
     return entry ? entry->text.getData() : nullptr;
 }
 
@@ -73,6 +76,7 @@ double xcAssParser::GetFloat(xcString& line, char sep)
 
 bool xcAssParser::ConvertBufToAssMap()
 {
+    m_index->invalidate();
     auto strip = [this](xcString text) { return RemoveSSATags(text, m_style.encoding); };
     return zemsub::detail::buildAssEntries<AssNarrow>(
         *this, m_lines, {m_map, m_collisions, m_playResX, m_playResY, m_style}, strip);

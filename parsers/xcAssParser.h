@@ -3,7 +3,12 @@
 
 #include <cstdio>
 #include <map>
+#include <memory>
 #include <vector>
+
+namespace zemsub::detail {
+class AssLookupIndex;
+}
 
 #include "parsers/IParser.h"
 #include "strings/xcString.h"
@@ -77,6 +82,7 @@ private:
     int m_playResX;
     int m_playResY;
     ASS_STYLE_ST m_style;
+    std::unique_ptr<zemsub::detail::AssLookupIndex> m_index;  // answers GetSubTitle
 };
 
 #endif

@@ -10,7 +10,9 @@
 
 using zemsub::detail::AssWide;
 
-xcAssParserU::xcAssParserU() : m_file(nullptr), m_opened(false), m_playResX(0), m_playResY(0)
+xcAssParserU::xcAssParserU()
+    : m_file(nullptr), m_opened(false), m_playResX(0), m_playResY(0),
+      m_index(std::make_unique<zemsub::detail::AssLookupIndex>())
 {
 }
 
@@ -26,6 +28,7 @@ bool xcAssParserU::Open(const char* path)
 {
     m_lines.clear();
     m_map.clear();
+    m_index->invalidate();
     if (!zemsub::detail::readAssScript<AssWide>(path, m_lines, m_file,
                                                 [this](xcWString& line) { return ReadString(line); }))
         return false;
@@ -48,7 +51,7 @@ const char* xcAssParserU::GetSubTitle(long long)
 
 const wchar_t* xcAssParserU::GetSubTitleU(long long time)
 {
-    const ASS_SESSION_ST_U* entry = zemsub::detail::findShowingAssEntry(m_map, time);
+    const ASS_SESSION_ST_U* entry = m_index->find(m_map, time);
     return entry ? entry->text.getData() : nullptr;
 }
 
@@ -74,6 +77,7 @@ double xcAssParserU::GetFloat(xcWString& line, char sep)
 
 bool xcAssParserU::ConvertBufToAssMap()
 {
+    m_index->invalidate();
     auto strip = [this](xcWString text) { return RemoveSSATags(text); };
     return zemsub::detail::buildAssEntries<AssWide>(
         *this, m_lines, {m_map, m_collisions, m_playResX, m_playResY, m_style}, strip);

@@ -3,7 +3,12 @@
 
 #include <cstdio>
 #include <map>
+#include <memory>
 #include <vector>
+
+namespace zemsub::detail {
+class AssLookupIndex;
+}
 
 #include "parsers/IParser.h"
 #include "strings/xcWString.h"
@@ -73,6 +78,7 @@ private:
     int m_playResX;
     int m_playResY;
     ASS_STYLE_ST_U m_style;
+    std::unique_ptr<zemsub::detail::AssLookupIndex> m_index;  // answers GetSubTitleU
 };
 
 #endif
