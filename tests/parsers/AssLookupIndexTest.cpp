@@ -50,8 +50,9 @@ TEST(AssLookupIndex, AnswersWhatThePlainScanAnswersOnRandomTables)
             const Entry* want = plainScan(reference, t);
             const Entry* got = index.find(table, t);
             ASSERT_EQ(want == nullptr, got == nullptr) << "round " << round << " t " << t;
-            if (want)
+            if (want) {
                 EXPECT_EQ(want->text, got->text) << "round " << round << " t " << t;
+            }
             ASSERT_EQ(reference.size(), table.size());
         }
     }
