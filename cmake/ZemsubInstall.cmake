@@ -27,5 +27,7 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/zemsubtitleConfig.cmake
   DESTINATION ${ZEMSUB_CMAKE_INSTALL_DIR})
 
 set(ZEMSUB_PC_QT_REQUIRES "Qt${ZEMSUB_QT_MAJOR}Core >= ${ZEMSUB_QT_VERSION_REQ}, Qt${ZEMSUB_QT_MAJOR}Gui >= ${ZEMSUB_QT_VERSION_REQ}")
+# The .pc file finds its prefix from where it is installed, so --prefix at install time works.
+file(RELATIVE_PATH ZEMSUB_PC_PREFIX_FROM_PCDIR "/p/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/p")
 configure_file(cmake/zemsubtitle.pc.in ${CMAKE_CURRENT_BINARY_DIR}/zemsubtitle.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/zemsubtitle.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
