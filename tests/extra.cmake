@@ -1,0 +1,14 @@
+# tools_tests drives the built zemsub and the example host, and links the tool's
+# core to test its parts directly.
+if(TARGET tools_tests)
+  if(TARGET zemsub AND TARGET zemsub-host)
+    target_link_libraries(tools_tests PRIVATE zemsub_core)
+    target_compile_definitions(tools_tests PRIVATE
+      ZEMSUB_TOOL_BINARY="$<TARGET_FILE:zemsub>"
+      ZEMSUB_HOST_BINARY="$<TARGET_FILE:zemsub-host>")
+    add_dependencies(tools_tests zemsub zemsub-host)
+  else()
+    # Configured without the tools: the program only reports that they are missing.
+    target_compile_definitions(tools_tests PRIVATE ZEMSUB_TOOLS_ABSENT)
+  endif()
+endif()

@@ -1,0 +1,161 @@
+// zemsub render: the frame a player draws, with the caption where the record says.
+#ifndef ZEMSUB_TOOLS_ABSENT
+#    include "ToolRunner.h"
+#    include "support/TestFiles.h"
+
+#    include <QImage>
+#    include <gtest/gtest.h>
+
+namespace {
+
+const QColor kBackground(0x20, 0x40, 0x60);
+
+struct Rendered
+{
+    RunResult run;
+    QImage image;
+};
+
+Rendered render(const QString& file, const QString& time, const QStringList& options)
+{
+    static int counter = 0;
+    static TempDir dir;
+    const QString out = qs(dir.file("frame" + std::to_string(++counter) + ".png"));
+    Rendered rendered;
+    rendered.run = runZemsub(QStringList{"render", file, time, "-o", out} + options);
+    rendered.image = QImage(out);
+    return rendered;
+}
+
+// The caption's bottom centre in frame pixels, from the record: frame centre plus x and y.
+QPoint recordPoint(const Rendered& rendered)
+{
+    return QPoint(rendered.image.width() / 2 + recordValue(rendered.run.out, "x"),
+                  rendered.image.height() / 2 + recordValue(rendered.run.out, "y"));
+}
+
+void expectCaptionAt(const QRect& box, const QPoint& point)
+{
+    ASSERT_FALSE(box.isNull());
+    // The block's last row is one above the point; the outline reaches two pixels further.
+    EXPECT_LE(box.bottom(), point.y() + 1);
+    EXPECT_GE(box.bottom(), point.y() - 12);
+    EXPECT_NEAR(box.center().x(), point.x(), 6);
+}
+
+TEST(ZemsubRender, TheLibrarysDefaultFrameAndPosition)
+{
+    const Rendered r = render(sample("film.srt"), "2500", {"--background", "#204060"});
+    EXPECT_EQ(r.run.exitCode, 0) << r.run.err.toStdString();
+    EXPECT_EQ(r.image.size(), QSize(480, 360));
+    EXPECT_TRUE(r.run.out.startsWith("time 00:00:02,500\trecord x=0 y=150 width=480 height=360\twrote "));
+    expectCaptionAt(pixelsUnlike(r.image, kBackground), QPoint(240, 330));
+}
+
+TEST(ZemsubRender, CaptionPixelsSitWhereTheRecordSays)
+{
+    const Rendered r =
+        render(sample("film.srt"), "00:00:02,500", {"--size", "640x360", "--background", "#204060"});
+    EXPECT_EQ(r.run.exitCode, 0);
+    EXPECT_EQ(r.image.size(), QSize(640, 360));
+    EXPECT_EQ(recordValue(r.run.out, "width"), 640);
+    EXPECT_EQ(recordValue(r.run.out, "height"), 360);
+    expectCaptionAt(pixelsUnlike(r.image, kBackground), recordPoint(r));
+    // White text inside its black outline.
+    const QRect white = brightPixels(r.image, 230);
+    ASSERT_FALSE(white.isNull());
+    EXPECT_TRUE(pixelsUnlike(r.image, kBackground).contains(white));
+}
+
+TEST(ZemsubRender, PositionMovesTheCaptionAndTheRecord)
+{
+    const Rendered r = render(sample("film.srt"), "2500",
+                              {"--size", "640x360", "--pos", "200,120", "--background", "#204060"});
+    EXPECT_EQ(recordValue(r.run.out, "x"), 200 - 320);
+    EXPECT_EQ(recordValue(r.run.out, "y"), 120 - 180);
+    expectCaptionAt(pixelsUnlike(r.image, kBackground), QPoint(200, 120));
+}
+
+TEST(ZemsubRender, ColourIsReadWithRedInTheLowestByte)
+{
+    const Rendered red =
+        render(sample("film.srt"), "2500", {"--colour", "0x0000FF", "--background", "black"});
+    const Rendered blue =
+        render(sample("film.srt"), "2500", {"--colour", "#0000FF", "--background", "black"});
+    auto count = [](const QImage& image, int channel) {
+        int n = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor c = image.pixelColor(x, y);
+                const int values[] = {c.red(), c.green(), c.blue()};
+                n +=
+                    values[channel] > 200 && values[(channel + 1) % 3] < 60 && values[(channel + 2) % 3] < 60;
+            }
+        }
+        return n;
+    };
+    EXPECT_GT(count(red.image, 0), 50);
+    EXPECT_EQ(count(red.image, 2), 0);
+    EXPECT_GT(count(blue.image, 2), 50);
+    EXPECT_EQ(count(blue.image, 0), 0);
+}
+
+TEST(ZemsubRender, FullTransparencyDrawsACaptionNobodySees)
+{
+    const Rendered r =
+        render(sample("film.srt"), "2500", {"--transparency", "100", "--background", "#204060"});
+    EXPECT_EQ(r.run.exitCode, 0);
+    EXPECT_EQ(recordValue(r.run.out, "width"), 480);
+    EXPECT_TRUE(pixelsUnlike(r.image, kBackground, 0).isNull());
+}
+
+TEST(ZemsubRender, NoCaptionWritesThePlainFrame)
+{
+    const Rendered r = render(sample("film.srt"), "0", {"--background", "#204060"});
+    EXPECT_EQ(r.run.exitCode, 0);
+    EXPECT_TRUE(r.run.out.contains("\trecord none\t"));
+    EXPECT_FALSE(r.image.isNull());
+    EXPECT_TRUE(pixelsUnlike(r.image, kBackground, 0).isNull());
+}
+
+TEST(ZemsubRender, BackgroundImageCoversTheFrame)
+{
+    TempDir dir;
+    QImage green(64, 36, QImage::Format_RGB32);
+    green.fill(QColor(0, 200, 0));
+    const QString picture = qs(dir.file("green.png"));
+    ASSERT_TRUE(green.save(picture));
+    const Rendered r = render(sample("film.srt"), "0", {"--size", "320x180", "--background", picture});
+    EXPECT_EQ(r.run.exitCode, 0);
+    EXPECT_TRUE(pixelsUnlike(r.image, QColor(0, 200, 0), 2).isNull());
+}
+
+TEST(ZemsubRender, WithoutABackgroundTheFrameIsSynthetic)
+{
+    const Rendered r = render(sample("film.srt"), "0", {});
+    EXPECT_EQ(r.run.exitCode, 0);
+    EXPECT_FALSE(pixelsUnlike(r.image, r.image.pixelColor(0, 0), 4).isNull());
+    EXPECT_TRUE(brightPixels(r.image, 200).isNull());
+}
+
+TEST(ZemsubRender, TwoLineScriptCaptionStandsTwiceAsHigh)
+{
+    const Rendered one = render(sample("styled.ass"), "0:00:02.00", {"--background", "#204060"});
+    const Rendered two = render(sample("styled.ass"), "0:00:08.00", {"--background", "#204060"});
+    const QRect oneBox = pixelsUnlike(one.image, kBackground);
+    const QRect twoBox = pixelsUnlike(two.image, kBackground);
+    ASSERT_FALSE(oneBox.isNull());
+    ASSERT_FALSE(twoBox.isNull());
+    EXPECT_GT(twoBox.height(), oneBox.height() * 3 / 2);
+    EXPECT_NEAR(twoBox.bottom(), oneBox.bottom(), 6);
+}
+
+TEST(ZemsubRender, WideSampleRenders)
+{
+    const Rendered r = render(sample("wide-utf8.srt"), "2000", {"--background", "#204060"});
+    EXPECT_EQ(r.run.exitCode, 0);
+    expectCaptionAt(pixelsUnlike(r.image, kBackground), recordPoint(r));
+}
+
+} // namespace
+#endif

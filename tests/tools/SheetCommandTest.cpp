@@ -1,0 +1,88 @@
+// zemsub sheet: one tile per caption or per step, with its time under it.
+#ifndef ZEMSUB_TOOLS_ABSENT
+#    include "ToolRunner.h"
+#    include "support/TestFiles.h"
+
+#    include <QImage>
+#    include <gtest/gtest.h>
+
+namespace {
+
+// Tiles are 320 pixels wide with 8 pixels between them; each row adds a 20-pixel label.
+QSize sheetSize(int tiles, int columns, QSize frame)
+{
+    const int tileHeight = frame.height() * 320 / frame.width();
+    const int rows = (tiles + columns - 1) / columns;
+    return QSize(8 + std::min(columns, tiles) * 328, 28 + rows * (tileHeight + 28) + 8);
+}
+
+TEST(ZemsubSheet, OneTilePerCaption)
+{
+    TempDir dir;
+    const QString out = qs(dir.file("sheet.png"));
+    const RunResult result = runZemsub({"sheet", sample("film.srt"), "-o", out});
+    EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
+    // The last entry is never answered, so its tile shows nothing.
+    EXPECT_EQ(result.out, QString("tiles 12\tshown 11\twrote %1\n").arg(out));
+    EXPECT_EQ(QImage(out).size(), sheetSize(12, 4, QSize(480, 360)));
+    EXPECT_TRUE(result.err.isEmpty()) << result.err.toStdString();
+}
+
+TEST(ZemsubSheet, EveryStepFromZero)
+{
+    TempDir dir;
+    const QString out = qs(dir.file("steps.png"));
+    const RunResult result = runZemsub(
+        {"sheet", sample("styled.ass"), "-o", out, "--every", "3000", "--columns", "3", "--size", "640x360"});
+    EXPECT_EQ(result.exitCode, 0);
+    // 0, 3000, ..., 21000: the last end is 21000.
+    EXPECT_TRUE(result.out.startsWith("tiles 8\t")) << result.out.toStdString();
+    EXPECT_EQ(QImage(out).size(), sheetSize(8, 3, QSize(640, 360)));
+}
+
+TEST(ZemsubSheet, TooManyStepsIsAUsageError)
+{
+    TempDir dir;
+    const RunResult result =
+        runZemsub({"sheet", sample("film.srt"), "-o", qs(dir.file("x.png")), "--every", "1"});
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_TRUE(result.err.contains("at most 2000"));
+    EXPECT_EQ(runZemsub({"sheet", sample("film.srt"), "-o", qs(dir.file("x.png")), "--every", "0"}).exitCode,
+              2);
+    EXPECT_EQ(
+        runZemsub({"sheet", sample("film.srt"), "-o", qs(dir.file("x.png")), "--columns", "0"}).exitCode, 2);
+}
+
+TEST(ZemsubSheet, LongFilesReportProgressOnStderr)
+{
+    TempDir dir;
+    std::string srt;
+    for (int i = 1; i <= 60; ++i) {
+        srt += std::to_string(i) + "\n00:00:" + (i < 10 ? "0" : "") + std::to_string(i) +
+               ",000 --> 00:00:" + (i < 10 ? "0" : "") + std::to_string(i) + ",500\nLine " +
+               std::to_string(i) + "\n\n";
+    }
+    const QString path = qs(dir.write("long.srt", srt));
+    const RunResult result = runZemsub({"sheet", path, "-o", qs(dir.file("long.png")), "--size", "160x90"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_TRUE(result.out.startsWith("tiles 60\tshown 59\t"));
+    EXPECT_TRUE(result.err.contains("sheet: 25/60 tiles\n"));
+    EXPECT_TRUE(result.err.contains("sheet: 60/60 tiles\n"));
+}
+
+TEST(ZemsubSheet, TilesShowTheCaptions)
+{
+    TempDir dir;
+    const QString out = qs(dir.file("sheet.png"));
+    runZemsub({"sheet", sample("classic.ssa"), "-o", out, "--background", "#204060", "--columns", "5"});
+    const QImage sheet(out);
+    ASSERT_FALSE(sheet.isNull());
+    // Tile 1 shows a caption (white text), tile 5 (the last Dialogue line) shows none.
+    const QRect first = brightPixels(sheet.copy(8, 28, 320, 240), 230);
+    const QRect last = brightPixels(sheet.copy(8 + 4 * 328, 28, 320, 240), 230);
+    EXPECT_FALSE(first.isNull());
+    EXPECT_TRUE(last.isNull());
+}
+
+} // namespace
+#endif
