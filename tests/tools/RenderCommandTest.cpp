@@ -100,6 +100,21 @@ TEST(ZemsubRender, ColourIsReadWithRedInTheLowestByte)
     EXPECT_EQ(count(blue.image, 0), 0);
 }
 
+TEST(ZemsubRender, StyleWordIsTakenOnlyInItsExactCase)
+{
+    const QStringList base = {"--point", "30", "--background", "#204060"};
+    const QImage regular = render(sample("film.srt"), "2500", base + QStringList{"--style", "Regular"}).image;
+    const QImage bold = render(sample("film.srt"), "2500", base + QStringList{"--style", "Bold"}).image;
+    const QImage italic = render(sample("film.srt"), "2500", base + QStringList{"--style", "Italic"}).image;
+    const QImage lower = render(sample("film.srt"), "2500", base + QStringList{"--style", "bold"}).image;
+    ASSERT_FALSE(regular.isNull());
+    EXPECT_NE(bold, regular);
+    EXPECT_NE(italic, regular);
+    EXPECT_NE(italic, bold);
+    // Any other word leaves the font as it was: the default, upright and normal.
+    EXPECT_EQ(lower, regular);
+}
+
 TEST(ZemsubRender, FullTransparencyDrawsACaptionNobodySees)
 {
     const Rendered r =

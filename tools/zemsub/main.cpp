@@ -47,20 +47,24 @@ void chooseOffscreenWithoutDisplay()
 int main(int argc, char** argv)
 {
     qInstallMessageHandler(quietHandler);
-    const QString command = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
+    // zemsub reads its whole command line itself: Qt sees only the program name, so
+    // that options such as --style are not taken as Qt's own.
+    int qtArgc = 1;
+    char* qtArgv[] = {argv[0], nullptr};
     std::unique_ptr<QCoreApplication> app;
-    if (commandPaints(command)) {
+    if (argc > 1 && commandPaints(QString::fromLatin1(argv[1]))) {
         chooseOffscreenWithoutDisplay();
-        app = std::make_unique<QGuiApplication>(argc, argv);
+        app = std::make_unique<QGuiApplication>(qtArgc, qtArgv);
     } else {
-        app = std::make_unique<QCoreApplication>(argc, argv);
+        app = std::make_unique<QCoreApplication>(qtArgc, qtArgv);
     }
     QCoreApplication::setApplicationName(QStringLiteral("zemsub"));
     QCoreApplication::setApplicationVersion(QStringLiteral(ZEMSUB_VERSION_TEXT));
     settleLocale();
+    QStringList args;
+    for (int i = 1; i < argc; ++i)
+        args << QString::fromLocal8Bit(argv[i]);
 
-    QStringList args = QCoreApplication::arguments();
-    args.removeFirst();
     try {
         if (args.isEmpty())
             usageError(QStringLiteral("no command given"));
