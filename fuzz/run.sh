@@ -1,0 +1,103 @@
+#!/usr/bin/env bash
+# Runs the fuzz targets built in <build dir> (cmake -S fuzz -B <build dir> with clang).
+#   FUZZ_SECONDS  seconds per target (default 60)
+#   FUZZ_TARGETS  targets to run, separated by blanks (default: all, from targets.txt)
+#   FUZZ_JOBS     targets run at the same time (default 1)
+#   FUZZ_TIMEOUT  seconds one input may take before it counts as a hang (default 20)
+#   FUZZ_MAX_LEN  largest input in bytes (default 40000: room for 20001 short lines)
+# Each target starts from its seeds (fuzz/seeds/<t>), the matching samples/, its
+# regression corpus (fuzz/regression/<t>) and the corpus that earlier runs grew
+# (<build dir>/work/corpus/<t>). Findings land in <build dir>/work/artifacts/<t>/.
+# Exits non-zero when any target reported a finding.
+set -uo pipefail
+
+build=$(cd "${1:?usage: fuzz/run.sh <fuzz build dir>}" && pwd)
+root=$(cd "$(dirname "$0")/.." && pwd)
+seconds=${FUZZ_SECONDS:-60}
+jobs=${FUZZ_JOBS:-1}
+timeout=${FUZZ_TIMEOUT:-20}
+max_len=${FUZZ_MAX_LEN:-40000}
+targets=${FUZZ_TARGETS:-$(cat "$build/targets.txt")}
+work="$build/work"
+mkdir -p "$work"
+
+dict_for() {
+  case "$1" in
+    srt_parser*) echo "$root/fuzz/dict/srt.dict" ;;
+    ass_parser*) echo "$root/fuzz/dict/ass.dict" ;;
+    idx_parser*) echo "$root/fuzz/dict/idx.dict" ;;
+    ssa_tags) echo "$root/fuzz/dict/ssa_tags.dict" ;;
+    manager)
+      cat "$root/fuzz/dict/srt.dict" "$root/fuzz/dict/ass.dict" > "$work/manager.dict"
+      echo "$work/manager.dict" ;;
+    *) echo "" ;;
+  esac
+}
+
+# Copies the samples that suit a target into dir (the manager's inputs start
+# with the byte that picks the file name: 0x00 ".srt", 0x33 ".ass", 0x44 ".ssa").
+sample_seeds() {
+  local t=$1 dir=$2 f
+  mkdir -p "$dir"
+  [ -d "$root/samples" ] || return 0
+  for f in "$root"/samples/*; do
+    [ -f "$f" ] || continue
+    case "$t:${f,,}" in
+      srt_parser*:*.srt|ass_parser*:*.ass|ass_parser*:*.ssa|idx_parser*:*.idx|ssa_tags:*.ass)
+        cp "$f" "$dir/" ;;
+      manager:*.srt) { printf '\x00'; cat "$f"; } > "$dir/$(basename "$f")" ;;
+      manager:*.ass) { printf '\x33'; cat "$f"; } > "$dir/$(basename "$f")" ;;
+      manager:*.ssa) { printf '\x44'; cat "$f"; } > "$dir/$(basename "$f")" ;;
+    esac
+  done
+}
+
+run_one() {
+  local t=$1
+  local corpus="$work/corpus/$t" artifacts="$work/artifacts/$t" samples="$work/samples/$t"
+  # Findings of an earlier run move aside, so that only this run's count.
+  if [ -d "$artifacts" ] && [ -n "$(ls -A "$artifacts")" ]; then
+    mkdir -p "$work/artifacts-earlier/$t"
+    mv "$artifacts"/* "$work/artifacts-earlier/$t/"
+  fi
+  mkdir -p "$corpus" "$artifacts" "$root/fuzz/seeds/$t" "$root/fuzz/regression/$t"
+  sample_seeds "$t" "$samples"
+  local dict
+  dict=$(dict_for "$t")
+  local args=(-max_total_time="$seconds" -timeout="$timeout" -rss_limit_mb=2560 -max_len="$max_len"
+              -print_final_stats=1 -artifact_prefix="$artifacts/")
+  [ -n "$dict" ] && args+=(-dict="$dict")
+  ( cd "$work" && ASAN_OPTIONS=detect_leaks=1 "$build/fuzz_$t" "${args[@]}" \
+      "$corpus" "$root/fuzz/seeds/$t" "$samples" "$root/fuzz/regression/$t" ) > "$work/$t.log" 2>&1
+  local status=$?
+  local runs
+  runs=$(sed -n 's/^stat::number_of_executed_units: *//p' "$work/$t.log" | tail -1)
+  local found
+  found=$(find "$artifacts" -type f | wc -l)
+  if [ "$status" -ne 0 ] || [ "$found" -ne 0 ]; then
+    echo "FINDING  $t: exit $status, ${runs:-?} executions, artifacts in $artifacts, log $work/$t.log"
+    return 1
+  fi
+  echo "ok       $t: ${runs:-?} executions in ${seconds} s"
+}
+
+failed=0
+running=0
+for t in $targets; do
+  if [ ! -x "$build/fuzz_$t" ]; then
+    echo "missing  $t: $build/fuzz_$t was not built"
+    failed=1
+    continue
+  fi
+  run_one "$t" &
+  running=$((running + 1))
+  if [ "$running" -ge "$jobs" ]; then
+    wait -n || failed=1
+    running=$((running - 1))
+  fi
+done
+while [ "$running" -gt 0 ]; do
+  wait -n || failed=1
+  running=$((running - 1))
+done
+exit $failed

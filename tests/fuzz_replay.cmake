@@ -1,0 +1,17 @@
+# The fuzz targets without libFuzzer, replaying fuzz/seeds/ and fuzz/regression/
+# under ctest (and under the sanitizers in a ZEMSUB_SANITIZE build).
+# Included from tests/CMakeLists.txt, where zemsub_test_support is defined.
+set(ZEMSUB_FUZZ_DIR ${PROJECT_SOURCE_DIR}/fuzz)
+file(GLOB fuzz_replay_targets CONFIGURE_DEPENDS ${ZEMSUB_FUZZ_DIR}/targets/*.cpp)
+add_executable(fuzz_replay_tests
+  ${ZEMSUB_FUZZ_DIR}/replay/FuzzReplayTest.cpp
+  ${ZEMSUB_FUZZ_DIR}/FuzzSupport.cpp
+  ${fuzz_replay_targets})
+target_compile_options(fuzz_replay_tests PRIVATE -Wall -Wextra)
+target_include_directories(fuzz_replay_tests PRIVATE ${ZEMSUB_FUZZ_DIR} ${ZEMSUB_FUZZ_DIR}/targets)
+target_link_libraries(fuzz_replay_tests PRIVATE zemsub_test_support)
+target_compile_definitions(fuzz_replay_tests PRIVATE ZEMSUB_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+gtest_discover_tests(fuzz_replay_tests
+  TEST_PREFIX "fuzz."
+  PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 300
+  DISCOVERY_TIMEOUT 60)
