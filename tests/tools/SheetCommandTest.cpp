@@ -53,6 +53,19 @@ TEST(ZemsubSheet, TooManyStepsIsAUsageError)
         runZemsub({"sheet", sample("film.srt"), "-o", qs(dir.file("x.png")), "--columns", "0"}).exitCode, 2);
 }
 
+TEST(ZemsubSheet, MoreCaptionsThanASheetHoldsWantASteppedSheet)
+{
+    TempDir dir;
+    std::string srt;
+    for (int i = 1; i <= 2001; ++i)
+        srt += std::to_string(i) + "\n00:00:01,000 --> 00:00:02,000\nx\n\n";
+    const RunResult result =
+        runZemsub({"sheet", qs(dir.write("many.srt", srt)), "-o", qs(dir.file("many.png"))});
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_TRUE(result.err.contains("the file holds 2001 captions; at most 2000 tiles (use --every)"))
+        << result.err.toStdString();
+}
+
 TEST(ZemsubSheet, LongFilesReportProgressOnStderr)
 {
     TempDir dir;

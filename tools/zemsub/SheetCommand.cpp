@@ -37,6 +37,10 @@ std::vector<Tile> captionTiles(const StoredTimeline& timeline)
     }
     std::stable_sort(entries.begin(), entries.end(),
                      [](const StoredEntry& a, const StoredEntry& b) { return a.start < b.start; });
+    if (entries.size() > size_t(kMaxTiles))
+        usageError(QStringLiteral("sheet: the file holds %1 captions; at most %2 tiles (use --every)")
+                       .arg(entries.size())
+                       .arg(kMaxTiles));
     std::vector<Tile> tiles;
     for (const StoredEntry& entry : entries) {
         const long long middle = entry.start + (entry.end - entry.start) / 2;
