@@ -152,7 +152,7 @@ void explainScript(const WrittenFile& file, const WrittenBlock& block, const Lib
         causes.push_back(CauseId::TagRepeat);
     else if (tags.usedOldTail)
         causes.push_back(CauseId::TagTail);
-    if (unclosedBrace(raw))
+    else if (unclosedBrace(raw))
         causes.push_back(CauseId::UnclosedTag);
     QString outsideBraces = raw;
     outsideBraces.remove(QRegularExpression(QStringLiteral("\\{[^}]*\\}")));
@@ -166,9 +166,13 @@ void explainScript(const WrittenFile& file, const WrittenBlock& block, const Lib
                     [](const QString& f) { return f.size() != 2; }))
         causes.push_back(CauseId::Fraction);
 
+    // The fixed order reads the times and the text where the Format line puts them,
+    // unless it moves them (the other fields do not change what is drawn).
     if (file.eventFormatFound) {
         const QStringList standard = defaultEventFormat(false);
-        if (file.eventFormat.size() != standard.size() || file.eventFormat.mid(1) != standard.mid(1))
+        const QStringList& format = file.eventFormat;
+        if (format.size() != standard.size() || format.indexOf(QStringLiteral("start")) != 1 ||
+            format.indexOf(QStringLiteral("end")) != 2 || format.indexOf(QStringLiteral("text")) != 9)
             causes.push_back(CauseId::FormatOrder);
     }
 }
