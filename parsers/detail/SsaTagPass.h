@@ -4,94 +4,85 @@
 // One block-removal pass of RemoveSSATags ({...} or <...>), ended at its first
 // repeated state.
 //
-// A removal is deleteStr, which keeps the recorded length and leaves the old
-// tail behind the new terminating zero, and the searches run over that whole
-// recorded length. A closing character in that stale tail can pair with an
-// opening one before the zero, and the pass can then come back to a state it
+// The pass: from = 0; while from < L (the recorded length), find the first
+// `open` at or after from and the first `close` at or after it, remove the
+// block between them (both included) with deleteStr, and start the next
+// search where the block began. deleteStr keeps the recorded length and
+// leaves the old tail behind the new terminating zero, and the searches run
+// over that whole length, so a closing character in the stale tail can pair
+// with an opening one before the zero and the pass can come back to a state it
 // was in: "{ab}{c" repeats after one removal, "{{}{{{}{" every two, and longer
 // periods exist. Such a pass would never end; it ends instead at the first
-// state that repeats, with the text as it stands there. Every pass that ends on
-// its own is walked exactly as before.
+// state that repeats, with the text as it stands there.
 //
-// Repetition is found with Brent's cycle detection, which keeps one saved
-// state besides the walking one; the state is the stored characters (the
-// recorded length never changes) and the position where the next search starts.
+// The state is the stored characters and `from`. Everything before `from` is
+// never searched again, so it is kept as a finished prefix, and the rest is a
+// TagWindow. A removal whose block does not start the window moves `from` on
+// and shortens the window for good, so no earlier state can come back; states
+// can only repeat within a run of removals at the window's start (a stretch),
+// where the prefix and the window length stay the same. Within a stretch the
+// window starts are kept, and Brent's cycle detection compares each new state
+// with a saved one; once the period is known, the first state equal to the one
+// a period later is the first repeated state.
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
-#include <type_traits>
-#include <utility>
+#include <vector>
+
+#include "parsers/detail/SsaTagWindow.h"
 
 namespace zemsub::detail {
 
-template <class S> struct TagPassState
+// Runs the pass over the stored characters `text` (its size is the recorded
+// length) and answers the stored characters it ends with, of the same size.
+template <class C>
+std::basic_string<C> runTagPass(const std::basic_string<C>& text, C open, C close,
+                                std::uint64_t hashBase = TagWindow<C>::defaultHashBase)
 {
-    S text;
-    int from;
-};
+    using Window = TagWindow<C>;
+    if (text.empty())
+        return text;
+    std::basic_string<C> finished;
+    finished.reserve(text.size());
+    Window window(text.data(), text.size(), hashBase);
 
-template <class S> bool sameTagPassState(const TagPassState<S>& a, const TagPassState<S>& b)
-{
-    using C = std::remove_const_t<std::remove_pointer_t<decltype(std::declval<const S&>().getData())>>;
-    const int n = a.text.length();
-    return a.from == b.from && n == b.text.length() &&
-           std::char_traits<C>::compare(a.text.getData(), b.text.getData(), static_cast<size_t>(n)) == 0;
-}
-
-// One search-and-remove step: the first `open` at or after state.from, the
-// first `close` at or after it, and the block between them (both included)
-// goes; the next search starts where the block began. False, with nothing
-// changed, when the pass ends here. find(text, c, start) is the parser's FindChar.
-template <class S, class Find> bool tagPassStep(TagPassState<S>& state, char open, char close, Find& find)
-{
-    if (state.from >= state.text.length())
-        return false;
-    const int p = find(state.text, open, state.from);
-    if (p < 0)
-        return false;
-    const int q = find(state.text, close, p);
-    if (q < 0)
-        return false;
-    state.text.deleteStr(p, q - p + 1);
-    state.from = p;
-    return true;
-}
-
-template <class S, class Find> S runTagPass(const S& text, char open, char close, Find find)
-{
-    using State = TagPassState<S>;
-    const State first{text, 0};
-
-    // Walk the pass, comparing each state with a saved one that is renewed
-    // whenever the distance to it reaches the next power of two.
-    State saved = first;
-    State walker = first;
-    if (!tagPassStep(walker, open, close, find))
-        return walker.text;
-    long long power = 1;
-    long long period = 1;
-    while (!sameTagPassState(saved, walker)) {
-        if (power == period) {
-            saved = walker;
-            power *= 2;
-            period = 0;
+    std::vector<size_t> stretch{window.start()}; // window starts of the stretch's states
+    size_t saved = 0;                            // Brent: the state the newest one is compared with
+    size_t power = 1;                            // ... renewed when the distance to it reaches this
+    for (;;) {
+        const size_t i = window.find(open, 0);
+        if (i == Window::npos)
+            break;
+        const size_t j = window.find(close, i);
+        if (j == Window::npos)
+            break;
+        finished.append(window.data(), i);
+        window.removeBlock(i, j);
+        if (i > 0) {
+            window.dropConsumed();
+            stretch.assign(1, window.start());
+            saved = 0;
+            power = 1;
+            continue;
         }
-        if (!tagPassStep(walker, open, close, find))
-            return walker.text;
-        ++period;
+        stretch.push_back(window.start());
+        const size_t newest = stretch.size() - 1;
+        if (window.sameWindows(stretch[saved], stretch[newest])) {
+            const size_t period = newest - saved;
+            size_t first = 0;
+            while (!window.sameWindows(stretch[first], stretch[first + period]))
+                ++first;
+            finished.append(window.dataAt(stretch[first]), window.size());
+            return finished;
+        }
+        if (newest - saved == power) {
+            saved = newest;
+            power *= 2;
+        }
     }
-
-    // The pass repeats every `period` steps. The first repeated state is the
-    // first one that equals the state `period` steps further on: walk again
-    // from the start with a second walker that far ahead.
-    State behind = first;
-    State ahead = first;
-    for (long long i = 0; i < period; ++i)
-        tagPassStep(ahead, open, close, find);
-    while (!sameTagPassState(behind, ahead)) {
-        tagPassStep(behind, open, close, find);
-        tagPassStep(ahead, open, close, find);
-    }
-    return behind.text;
+    finished.append(window.data(), window.size());
+    return finished;
 }
 
 } // namespace zemsub::detail

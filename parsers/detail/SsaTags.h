@@ -3,6 +3,10 @@
 
 // RemoveSSATags, shared by both ASS/SSA parsers.
 
+#include <string>
+#include <type_traits>
+#include <utility>
+
 #include "parsers/detail/SsaTagPass.h"
 
 namespace zemsub::detail {
@@ -11,14 +15,25 @@ namespace zemsub::detail {
 // character after its opening one; nothing is balanced), then turns "\N" into
 // a line feed with replaceChars, which goes on only while the occurrence it
 // replaced stood at index 0. The result keeps the recorded length and stale
-// tail that deleteStr leaves. find(text, c, start) is the parser's FindChar;
-// hardBreak is "\N" and lineFeed "\n" in S's characters.
-template <class S, class Find> S removeSsaTags(S text, Find find, const S& hardBreak, const S& lineFeed)
+// tail that deleteStr leaves. hardBreak is "\N" and lineFeed "\n" in S's
+// characters.
+template <class S> S removeSsaTags(const S& text, const S& hardBreak, const S& lineFeed)
 {
-    text = runTagPass(text, '{', '}', find);
-    text = runTagPass(text, '<', '>', find);
-    text.replaceChars(hardBreak, lineFeed);
-    return text;
+    using C = std::remove_const_t<std::remove_pointer_t<decltype(std::declval<const S&>().getData())>>;
+    std::basic_string<C> stored(text.getData(), static_cast<size_t>(text.length()));
+    stored = runTagPass<C>(stored, C('{'), C('}'));
+    stored = runTagPass<C>(stored, C('<'), C('>'));
+    S result(stored.data(), static_cast<int>(stored.size()));
+    result.replaceChars(hardBreak, lineFeed);
+    return result;
+}
+
+// The same, for callers that hand in their FindChar: its answer is the first
+// occurrence at or after the start, which the passes find in their own
+// window without copying the text, so it is not called.
+template <class S, class Find> S removeSsaTags(const S& text, Find&&, const S& hardBreak, const S& lineFeed)
+{
+    return removeSsaTags(text, hardBreak, lineFeed);
 }
 
 } // namespace zemsub::detail
