@@ -289,7 +289,8 @@ void readScript(const QStringList& lines, WrittenFile& file)
             block.start = *start;
             block.end = *end;
             block.fractions = QStringList{startFraction, endFraction};
-            block.fields = fields.mid(0, textField);
+            for (int f = 0; f < textField; ++f)
+                block.fields << fields[f].trimmed();
             block.rawLines = QStringList{fields[textField]};
             block.text = scriptDisplayText(fields[textField], file.wrapStyleTwo);
             for (int f = 0; f < textField; ++f) {

@@ -34,7 +34,7 @@ struct WrittenBlock
     bool endedByBlanks = false; // the caption was ended by a line of blanks, not an empty line
     // Script
     QString dialogueValue; // the Dialogue line after "Dialogue:"
-    QStringList fields;    // the fields before Text, by the Format line
+    QStringList fields;    // the fields before Text, by the Format line, trimmed
     QStringList fractions; // the fraction digits of the start and end times as written
 };
 

@@ -1,0 +1,159 @@
+// The words lint gives each cause: the library's behaviour, in its own terms.
+#include "LintCauses.h"
+
+namespace zemsub::tool {
+
+Cause describeCause(CauseId id, WrittenKind kind, const LibrarySide& library)
+{
+    const bool script = kind == WrittenKind::Script;
+    switch (id) {
+    case CauseId::Extension:
+        return {id, QStringLiteral("extension"),
+                QStringLiteral(
+                    "the manager chooses a reader by the text after the last \".\" (srt, ass or ssa in any "
+                    "case) and refuses every other file")};
+    case CauseId::OpenRefused:
+        return {id, QStringLiteral("open-refused"),
+                QStringLiteral(
+                    "the reader's Open answered false (a file of more than 20000 lines does not open)")};
+    case CauseId::Utf16:
+        return {id, QStringLiteral("utf16"),
+                QStringLiteral(
+                    "UTF-16 text that the C library cannot decode: the wide readers skip FF FE and leave "
+                    "the rest to the C library's wide stream input under the process locale (%1), which "
+                    "reads no UTF-16, so reading ends at the first zero character")
+                    .arg(library.locale)};
+    case CauseId::CrLf:
+        return {id, QStringLiteral("crlf"),
+                script ? QStringLiteral(
+                             "CR LF line ends: the carriage return stays on every line (only spaces are "
+                             "trimmed), so section names and ScriptType go unrecognised (Dialogue lines are "
+                             "read the SSA way) and every caption keeps a carriage return at its end")
+                       : QStringLiteral(
+                             "CR LF line ends: the carriage return stays on every line (only spaces are "
+                             "trimmed), so number lines stop being numbers and the captions run together "
+                             "under one entry")};
+    case CauseId::Utf8Mark:
+        return {id, QStringLiteral("utf8-mark"),
+                QStringLiteral(
+                    "a UTF-8 mark glued to the first number: that line is no longer all digits, so the "
+                    "first caption is stored under entry 0, which the look-up never tries")};
+    case CauseId::OneEntry:
+        return {id, QStringLiteral("one-entry"),
+                script ? QStringLiteral(
+                             "a script of one Dialogue line: the look-up needs at least two entries and "
+                             "never shows anything")
+                       : QStringLiteral(
+                             "a file of one entry: the look-up needs at least two entries and never shows "
+                             "anything")};
+    case CauseId::LastEntry:
+        return {id, QStringLiteral("last-entry"),
+                script ? QStringLiteral(
+                             "the last Dialogue line: the look-up tries keys 1 up to the number of entries "
+                             "minus one, so the last entry is never answered")
+                       : QStringLiteral(
+                             "the last entry: the look-up tries keys 1 up to the number of entries minus "
+                             "one, so the entry with the highest number is never answered")};
+    case CauseId::Numbering:
+        return {id, QStringLiteral("numbering"),
+                QStringLiteral(
+                    "entry numbers out of line: entries are keyed by the number as written, blocks with the "
+                    "same number are merged, and the look-up only tries keys 1 up to the number of entries "
+                    "minus one")};
+    case CauseId::DigitLine:
+        return {id, QStringLiteral("digit-line"),
+                QStringLiteral(
+                    "a caption line of digits: any all-digit line is taken as an entry number, also one "
+                    "that stands where caption text is expected")};
+    case CauseId::ThreeLines:
+        return {id, QStringLiteral("three-lines"),
+                QStringLiteral(
+                    "a caption of three or more lines: caption lines are gathered two lines apart, so the "
+                    "lines A, B, C are stored as \"AC\", \"B\", \"C\"")};
+    case CauseId::ArrowBlank:
+        return {id, QStringLiteral("arrow-blank"),
+                QStringLiteral(
+                    "an arrow without a blank behind it: the arrow is skipped together with the character "
+                    "behind it, so the end time loses its first digit")};
+    case CauseId::Fraction:
+        return {id, QStringLiteral("fraction"),
+                script ? QStringLiteral(
+                             "a time fraction that is not two digits: it is read as hundredths as written, "
+                             "so \".500\" is 500 hundredths")
+                       : QStringLiteral(
+                             "a time fraction that is not three digits: milliseconds are read as written, "
+                             "not scaled, so \",5\" is 5 ms")};
+    case CauseId::BlankLine:
+        return {id, QStringLiteral("blank-line"),
+                QStringLiteral(
+                    "a line of blanks is not an empty line: it stays in the line list, trims to nothing "
+                    "and adds a lone line feed, and the lines around it run on into the same entry")};
+    case CauseId::Markup:
+        return {id, QStringLiteral("markup"),
+                QStringLiteral("SubRip markup is drawn as written: the SubRip reader removes no tags")};
+    case CauseId::NoScriptType:
+        return {id, QStringLiteral("no-scripttype"),
+                QStringLiteral(
+                    "a script without \"ScriptType: v4.00+\" is read the SSA way: a Marked field is "
+                    "expected, and its search for \"=\" runs over the whole line, so a Dialogue line that "
+                    "holds \"=\" loses everything up to it")};
+    case CauseId::TagRepeat:
+        return {id, QStringLiteral("tag-repeat"),
+                QStringLiteral(
+                    "tag text that stops at a repeated state: a removed block leaves the old tail behind "
+                    "the end of the text, an unclosed brace pairs with a closing one there, and the pass "
+                    "ends when it comes back to a state it was in, leaving the text as it stands then")};
+    case CauseId::TagTail:
+        return {id, QStringLiteral("tag-tail"),
+                QStringLiteral(
+                    "tag text that reaches into the old tail: a removed block leaves the old tail behind "
+                    "the end of the text, and an unclosed brace pairs with a closing one there")};
+    case CauseId::UnclosedTag:
+        return {id, QStringLiteral("unclosed-tag"),
+                QStringLiteral(
+                    "an opening brace without a closing one after it ends the pass: the rest of the text "
+                    "is kept as written")};
+    case CauseId::AnglePair:
+        return {id, QStringLiteral("angle-pair"),
+                QStringLiteral("text between \"<\" and \">\" is removed as a tag, whatever it holds")};
+    case CauseId::LineBreaks:
+        return {id, QStringLiteral("line-breaks"),
+                QStringLiteral(
+                    "only the first \\N of a caption becomes a line feed (a further one only while the one "
+                    "before stood at the very start); the others are drawn as written")};
+    case CauseId::Escapes:
+        return {id, QStringLiteral("escapes"),
+                QStringLiteral("\\n and \\h are drawn as written: only \\N is turned into a line feed")};
+    case CauseId::FormatOrder:
+        return {id, QStringLiteral("format-order"),
+                QStringLiteral(
+                    "the Format line is not read: Dialogue fields are taken in the fixed order Layer (or "
+                    "Marked), Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text")};
+    case CauseId::Overlap:
+        return {id, QStringLiteral("overlap"),
+                QStringLiteral(
+                    "overlapping captions: the first entry that matches the time wins and the other is not "
+                    "shown with it")};
+    case CauseId::RepeatAfterGap:
+        return {id, QStringLiteral("repeat-after-gap"),
+                QStringLiteral(
+                    "a caption whose text equals the text shown before a gap is not drawn again: the gap "
+                    "clears the caption image but keeps the last text")};
+    case CauseId::Encoding:
+        return {id, QStringLiteral("encoding"),
+                QStringLiteral(
+                    "narrow captions are decoded with the system's local 8-bit codec, not as the file's "
+                    "own encoding")};
+    case CauseId::HexValue:
+        return {id, QStringLiteral("amp-h"),
+                QStringLiteral(
+                    "values written \"&h...\" read as -1 (the style record and play size are kept as read "
+                    "and not used for drawing)")};
+    case CauseId::Unexplained:
+        return {id, QStringLiteral("unexplained"),
+                QStringLiteral("none of the behaviours lint knows explains this difference")};
+    }
+    return {id, QString(), QString()};
+}
+
+} // namespace zemsub::tool
