@@ -51,14 +51,14 @@ z at samples/film.srt 2000 00:00:05,000 0:00:20.00 36800
 z at samples/wide-utf8.srt 2000 8000
 
 section "Rendered frames, as a player draws them"
-z render samples/film.srt 00:00:05,000 --size 1280x720 -o "$out/film-5s.png"
-z render samples/styled.ass 0:00:08.00 --size 1280x720 -o "$out/styled-8s.png"
-z render samples/classic.ssa 0:00:07.00 --size 640x480 --style Italic --colour 0x00FFFF -o "$out/classic-7s.png"
-z render samples/wide-utf8.srt 0:00:08.00 --size 1280x720 -o "$out/wide-8s.png"
+z render samples/film.srt 00:00:05,000 --size 1280x720 -o "out/film-5s.png"
+z render samples/styled.ass 0:00:08.00 --size 1280x720 -o "out/styled-8s.png"
+z render samples/classic.ssa 0:00:07.00 --size 640x480 --style Italic --colour 0x00FFFF -o "out/classic-7s.png"
+z render samples/wide-utf8.srt 0:00:08.00 --size 1280x720 -o "out/wide-8s.png"
 
 section "Contact sheets"
-z sheet samples/film.srt -o "$out/film-sheet.png"
-z sheet samples/styled.ass --every 2000 --columns 6 -o "$out/styled-every-2s.png"
+z sheet samples/film.srt -o "out/film-sheet.png"
+z sheet samples/styled.ass --every 2000 --columns 6 -o "out/styled-every-2s.png"
 
 section "lint: every caption the library shows differently from the file, and why"
 for sample in samples/film.srt samples/styled.ass samples/classic.ssa samples/wide-utf8.srt samples/wide-utf16.srt; do
@@ -82,7 +82,7 @@ fi
 if [[ -x $host ]]; then
   section "The example host: three seconds of play over a synthetic video"
   printf '$ zemsub-host --seconds 3 --capture-at 1500 ...\n'
-  "$host" --seconds 3 --capture-at 1500 --capture "$out/host-frame.png" --no-window samples/film.srt ||
+  "$host" --seconds 3 --capture-at 1500 --capture out/host-frame.png --no-window samples/film.srt ||
     printf '(exit %d)\n' "$?"
 fi
 
