@@ -34,22 +34,25 @@
 
 namespace zemsub::detail {
 
-// Runs the pass over the stored characters `text` (its size is the recorded
-// length) and answers the stored characters it ends with, of the same size.
+// Runs the pass over the stored characters text[0, length) (length is the
+// recorded length) and writes the stored characters it ends with, as many,
+// into out, which must not overlap the text.
 template <class C>
-std::basic_string<C> runTagPass(const std::basic_string<C>& text, C open, C close,
-                                std::uint64_t hashBase = TagWindow<C>::defaultHashBase)
+void runTagPass(TagPassBuffers<C>& buffers, const C* text, size_t length, C open, C close,
+                std::basic_string<C>& out, std::uint64_t hashBase = TagWindow<C>::defaultHashBase)
 {
     using Window = TagWindow<C>;
-    if (text.empty())
-        return text;
-    std::basic_string<C> finished;
-    finished.reserve(text.size());
-    Window window(text.data(), text.size(), hashBase);
+    out.clear();
+    if (!std::char_traits<C>::find(text, length, open)) {
+        out.append(text, length);
+        return;
+    }
+    Window window(buffers, text, length, hashBase);
 
-    std::vector<size_t> stretch{window.start()}; // window starts of the stretch's states
-    size_t saved = 0;                            // Brent: the state the newest one is compared with
-    size_t power = 1;                            // ... renewed when the distance to it reaches this
+    std::vector<size_t>& stretch = buffers.stretch; // window starts of the stretch's states
+    stretch.assign(1, window.start());
+    size_t saved = 0; // Brent: the state the newest one is compared with
+    size_t power = 1; // ... renewed when the distance to it reaches this
     for (;;) {
         const size_t i = window.find(open, 0);
         if (i == Window::npos)
@@ -57,7 +60,7 @@ std::basic_string<C> runTagPass(const std::basic_string<C>& text, C open, C clos
         const size_t j = window.find(close, i);
         if (j == Window::npos)
             break;
-        finished.append(window.data(), i);
+        out.append(window.data(), i);
         window.removeBlock(i, j);
         if (i > 0) {
             window.dropConsumed();
@@ -73,16 +76,25 @@ std::basic_string<C> runTagPass(const std::basic_string<C>& text, C open, C clos
             size_t first = 0;
             while (!window.sameWindows(stretch[first], stretch[first + period]))
                 ++first;
-            finished.append(window.dataAt(stretch[first]), window.size());
-            return finished;
+            out.append(window.dataAt(stretch[first]), window.size());
+            return;
         }
         if (newest - saved == power) {
             saved = newest;
             power *= 2;
         }
     }
-    finished.append(window.data(), window.size());
-    return finished;
+    out.append(window.data(), window.size());
+}
+
+template <class C>
+std::basic_string<C> runTagPass(const std::basic_string<C>& text, C open, C close,
+                                std::uint64_t hashBase = TagWindow<C>::defaultHashBase)
+{
+    TagPassBuffers<C> buffers;
+    std::basic_string<C> out;
+    runTagPass(buffers, text.data(), text.size(), open, close, out, hashBase);
+    return out;
 }
 
 } // namespace zemsub::detail

@@ -27,18 +27,31 @@
 
 namespace zemsub::detail {
 
+// The buffers of a pass, kept between passes and texts so that cleaning many
+// short texts does not allocate for each.
+template <class C> struct TagPassBuffers
+{
+    std::vector<C> chars;              // the queue
+    std::vector<std::uint64_t> prefix; // prefix hashes of chars
+    std::vector<size_t> stretch;       // window starts of the current stretch's states
+    std::basic_string<C> between;      // the brace pass's result
+};
+
 template <class C> class TagWindow
 {
 public:
     static constexpr size_t npos = static_cast<size_t>(-1);
     static constexpr std::uint64_t defaultHashBase = 0x0f3a5c7e91b2d4e6ull;
 
-    // The window over text[0, length). hashBase is the hash's multiplier; any
-    // value gives the same answers, a poor one only more confirmations.
-    TagWindow(const C* text, size_t length, std::uint64_t hashBase = defaultHashBase)
-        : m_chars(text, text + length), m_base(hashBase % kModulus)
+    // The window over text[0, length), held in buffers. hashBase is the hash's
+    // multiplier; any value gives the same answers, a poor one only more
+    // confirmations.
+    TagWindow(TagPassBuffers<C>& buffers, const C* text, size_t length,
+              std::uint64_t hashBase = defaultHashBase)
+        : m_chars(buffers.chars), m_prefix(buffers.prefix), m_base(hashBase % kModulus)
     {
-        m_prefix.push_back(0);
+        m_chars.assign(text, text + length);
+        m_prefix.assign(1, 0);
     }
 
     // Length of the window.
@@ -55,7 +68,13 @@ public:
         if (from >= n)
             return npos;
         const C* base = data();
-        const C* hit = std::char_traits<C>::find(base + from, n - from, c);
+        // Blocks are mostly close by: look at a few characters before calling the library.
+        const size_t near = n - from < kNear ? n : from + kNear;
+        for (size_t k = from; k < near; ++k) {
+            if (base[k] == c)
+                return k;
+        }
+        const C* hit = std::char_traits<C>::find(base + near, n - near, c);
         return hit ? static_cast<size_t>(hit - base) : npos;
     }
 
@@ -91,6 +110,12 @@ public:
         if (a == b)
             return true;
         const size_t m = size();
+        // Most windows differ early: look at their first characters before hashing.
+        const size_t head = m < kHead ? m : kHead;
+        if (std::char_traits<C>::compare(dataAt(a), dataAt(b), head) != 0)
+            return false;
+        if (head == m)
+            return true;
         const size_t last = (a > b ? a : b) + m;
         extendPrefix(last);
         if (m_powerFor != m) {
@@ -104,6 +129,8 @@ public:
 
 private:
     static constexpr std::uint64_t kModulus = (std::uint64_t(1) << 61) - 1;
+    static constexpr size_t kHead = 16;
+    static constexpr size_t kNear = 16;
 
     static std::uint64_t reduce(std::uint64_t x)
     {
@@ -155,10 +182,10 @@ private:
         return whole >= before ? whole - before : whole + kModulus - before;
     }
 
-    std::vector<C> m_chars;
+    std::vector<C>& m_chars;
+    std::vector<std::uint64_t>& m_prefix;
     size_t m_start = 0;
     std::uint64_t m_base;
-    std::vector<std::uint64_t> m_prefix;
     std::uint64_t m_power = 1;
     size_t m_powerFor = 0;
 };

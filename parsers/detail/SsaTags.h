@@ -8,29 +8,60 @@
 #include <utility>
 
 #include "parsers/detail/SsaTagPass.h"
+#include "strings/detail/xcStringCore.h"
+#include "strings/detail/xcStringTraits.h"
 
 namespace zemsub::detail {
 
-// Removes {...} blocks, then <...> blocks (a block ends at the first closing
-// character after its opening one; nothing is balanced), then turns "\N" into
-// a line feed with replaceChars, which goes on only while the occurrence it
-// replaced stood at index 0. The result keeps the recorded length and stale
-// tail that deleteStr leaves. hardBreak is "\N" and lineFeed "\n" in S's
-// characters.
-template <class S> S removeSsaTags(const S& text, const S& hardBreak, const S& lineFeed)
+// The character type of a string class.
+template <class S>
+using SsaTagChar = std::remove_const_t<std::remove_pointer_t<decltype(std::declval<const S&>().getData())>>;
+
+// The string algorithms of each character type, as xcString and xcWString run them.
+template <class C> struct StringCoreOf;
+template <> struct StringCoreOf<char>
 {
-    using C = std::remove_const_t<std::remove_pointer_t<decltype(std::declval<const S&>().getData())>>;
-    std::basic_string<C> stored(text.getData(), static_cast<size_t>(text.length()));
-    stored = runTagPass<C>(stored, C('{'), C('}'));
-    stored = runTagPass<C>(stored, C('<'), C('>'));
-    S result(stored.data(), static_cast<int>(stored.size()));
-    result.replaceChars(hardBreak, lineFeed);
-    return result;
+    using Core = StringCore<NarrowTraits>;
+};
+template <> struct StringCoreOf<wchar_t>
+{
+    using Core = StringCore<WideTraits>;
+};
+
+// Removes {...} blocks, then <...> blocks (a block ends at the first closing
+// character after its opening one; nothing is balanced), then replaces
+// hardBreak ("\N") with lineFeed the way xcString::replaceChars does, going on
+// only while the occurrence it replaced stood at index 0. The stored
+// characters text[0, length) become out, which keeps the recorded length and
+// the stale tail that deleteStr leaves, less what the replacement takes.
+template <class C>
+void removeSsaTagsInto(TagPassBuffers<C>& buffers, const C* text, size_t length,
+                       const std::basic_string<C>& hardBreak, const std::basic_string<C>& lineFeed,
+                       std::basic_string<C>& out)
+{
+    runTagPass(buffers, text, length, C('{'), C('}'), buffers.between);
+    runTagPass(buffers, buffers.between.data(), buffers.between.size(), C('<'), C('>'), out);
+    StringCoreOf<C>::Core::replaceChars(out, hardBreak, lineFeed);
 }
 
-// The same, for callers that hand in their FindChar: its answer is the first
-// occurrence at or after the start, which the passes find in their own
-// window without copying the text, so it is not called.
+template <class S> std::basic_string<SsaTagChar<S>> storedText(const S& s)
+{
+    return std::basic_string<SsaTagChar<S>>(s.getData(), static_cast<size_t>(s.length()));
+}
+
+// The same on strings: hardBreak is "\N" and lineFeed "\n" in S's characters.
+template <class S> S removeSsaTags(const S& text, const S& hardBreak, const S& lineFeed)
+{
+    TagPassBuffers<SsaTagChar<S>> buffers;
+    std::basic_string<SsaTagChar<S>> out;
+    removeSsaTagsInto(buffers, text.getData(), static_cast<size_t>(text.length()), storedText(hardBreak),
+                      storedText(lineFeed), out);
+    return S(out.data(), static_cast<int>(out.size()));
+}
+
+// The same, for callers that hand in their FindChar: it answers the first
+// occurrence at or after the start, which the passes find in their own window
+// without copying the text, so it is not called.
 template <class S, class Find> S removeSsaTags(const S& text, Find&&, const S& hardBreak, const S& lineFeed)
 {
     return removeSsaTags(text, hardBreak, lineFeed);
