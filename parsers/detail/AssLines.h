@@ -18,12 +18,15 @@ constexpr int kAssLineLimit = 20001;
 // Otherwise true when anything was read.
 template <class T> bool readAssLine(FILE* file, typename T::String& line)
 {
-    std::basic_string<typename T::Char> text;
-    if (readLinePieces(file, text))
+    LineText<typename T::Char> text;
+    if (readLineText(file, text))
         return false;
-    const bool readSomething = !text.empty();
-    dropLineFeed(text);
-    line = typename T::String(text);
+    const bool readSomething = text.size != 0;
+    size_t n = text.size;
+    if (n != 0 && text.data[n - 1] == typename T::Char('\n'))
+        --n;
+    line.clear();
+    line.append(text.data, static_cast<int>(n));
     return readSomething;
 }
 
@@ -34,10 +37,12 @@ template <class T> bool readAssLine(FILE* file, typename T::String& line)
 template <class T, class ReadLine>
 bool readAssScript(const char* path, std::vector<typename T::String>& lines, FILE*& file, ReadLine readLine)
 {
-    file = openForLines(path, T::kFirstByte, T::kSizeCheck);
+    long long size = 0;
+    file = openForLines(path, T::kFirstByte, T::kSizeCheck, &size);
     if (!file)
         return false;
-    if (!readAllLines(lines, readLine, kAssLineLimit, UnterminatedLastLine::Drop)) {
+    if (!readAllLines(lines, readLine, kAssLineLimit, UnterminatedLastLine::Drop,
+                      expectedLines(size, kAssLineLimit))) {
         std::fclose(file);
         file = nullptr;
         return false;

@@ -6,7 +6,6 @@
 
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <cwchar>
@@ -25,28 +24,60 @@ inline wchar_t* getPiece(wchar_t* buf, FILE* f) { return std::fgetws(buf, kPiece
 inline size_t pieceLength(const char* s) { return std::strlen(s); }
 inline size_t pieceLength(const wchar_t* s) { return std::wcslen(s); }
 
-// Appends the pieces of one line (line feed included) to text.
+// One line's pieces as readLinePieces reads them: a line that fits in one
+// piece stays in `piece`, a longer one is gathered in `more`.
+template <class C>
+struct LineText
+{
+    C piece[kPieceBuffer];
+    std::basic_string<C> more;
+    const C* data = piece;
+    size_t size = 0;
+};
+
+// Reads the pieces of one line (line feed included) into line.
 // Returns true when the stream is at its end after the last read. A read error
 // that is not the end of the file is cleared and ends the line. A read that
-// brings nothing appends nothing (so a line ending exactly on a piece boundary
-// at the end of the file is appended once).
+// brings nothing adds nothing (so a line ending exactly on a piece boundary
+// at the end of the file is read once).
 template <class C>
-bool readLinePieces(FILE* f, std::basic_string<C>& text)
+bool readLineText(FILE* f, LineText<C>& line)
 {
-    C buf[kPieceBuffer];
-    for (;;) {
-        std::fill(buf, buf + kPieceBuffer, C(0));
-        if (!getPiece(buf, f)) {
+    line.more.clear();
+    line.data = line.piece;
+    line.size = 0;
+    for (bool first = true;; first = false) {
+        if (!getPiece(line.piece, f)) {
             if (!std::feof(f))
                 std::clearerr(f);
             break;
         }
-        const size_t n = pieceLength(buf);
-        text.append(buf, n);
-        if (n < size_t(kFullPiece) || buf[n - 1] == C('\n'))
+        const size_t n = pieceLength(line.piece);
+        const bool last = n < size_t(kFullPiece) || line.piece[n - 1] == C('\n');
+        if (first && last) {
+            line.size = n;
+            return std::feof(f) != 0;
+        }
+        line.more.append(line.piece, n);
+        if (last)
             break;
     }
+    if (!line.more.empty()) {
+        line.data = line.more.data();
+        line.size = line.more.size();
+    }
     return std::feof(f) != 0;
+}
+
+// Appends the pieces of one line (line feed included) to text; answers as
+// readLineText.
+template <class C>
+bool readLinePieces(FILE* f, std::basic_string<C>& text)
+{
+    LineText<C> line;
+    const bool atEnd = readLineText(f, line);
+    text.append(line.data, line.size);
+    return atEnd;
 }
 
 // Removes one trailing line feed; a carriage return before it stays.
@@ -65,8 +96,8 @@ enum class SizeCheck {
 
 // Opens path with sub_open(path, "rb"), checks that it holds at least one byte
 // and positions the stream at `start` (2 skips a byte-order mark). Answers
-// null, with nothing left open, on failure.
-inline FILE* openForLines(const char* path, long start, SizeCheck check)
+// null, with nothing left open, on failure. The size found goes to *sizeOut.
+inline FILE* openForLines(const char* path, long start, SizeCheck check, long long* sizeOut = nullptr)
 {
     char mode[] = "rb";
     FILE* f = sub_open(path, mode);
@@ -84,6 +115,8 @@ inline FILE* openForLines(const char* path, long start, SizeCheck check)
         std::fclose(f);
         return nullptr;
     }
+    if (sizeOut)
+        *sizeOut = size;
     std::fseek(f, start, SEEK_SET);
     return f;
 }
@@ -92,22 +125,34 @@ inline FILE* openForLines(const char* path, long start, SizeCheck check)
 // file ends without a line feed.
 enum class UnterminatedLastLine { Keep, Drop };
 
-// Calls readLine (a parser's ReadString) into a fresh string until it answers
-// false, appending every non-empty line. Fails (false) once `limit` calls have
-// yielded a line; the caller closes the file either way.
-template <class S, class ReadLine>
-bool readAllLines(std::vector<S>& lines, ReadLine readLine, int limit, UnterminatedLastLine last)
+// Lines to make room for in a file of `bytes` bytes: a line takes at least a
+// few bytes, and no more than `limit` lines are ever kept.
+inline size_t expectedLines(long long bytes, int limit)
 {
+    const long long guess = bytes / 16 + 1;
+    return static_cast<size_t>(guess < limit ? guess : limit);
+}
+
+// Calls readLine (a parser's ReadString) into a fresh string until it answers
+// false, keeping every non-empty line. Fails (false) once `limit` calls have
+// yielded a line; the caller closes the file either way. Each line is read in
+// place at the end of lines; room for `expected` lines is made first, since
+// the strings are copied whenever the vector grows.
+template <class S, class ReadLine>
+bool readAllLines(std::vector<S>& lines, ReadLine readLine, int limit, UnterminatedLastLine last,
+                  size_t expected = 0)
+{
+    lines.reserve(lines.size() + expected);
     int count = 0;
     for (;;) {
-        S line;
-        if (!readLine(line)) {
-            if (last == UnterminatedLastLine::Keep && !line.isEmpty())
-                lines.push_back(line);
+        lines.emplace_back();
+        if (!readLine(lines.back())) {
+            if (last == UnterminatedLastLine::Drop || lines.back().isEmpty())
+                lines.pop_back();
             return true;
         }
-        if (!line.isEmpty())
-            lines.push_back(line);
+        if (lines.back().isEmpty())
+            lines.pop_back();
         if (++count >= limit)
             return false;
     }

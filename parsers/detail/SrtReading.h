@@ -18,16 +18,24 @@ namespace zemsub::detail {
 // trailing line feed is removed and the answer says whether anything was read.
 template <class T> bool readSrtLine(FILE* f, typename T::String& line)
 {
-    std::basic_string<typename T::Char> text(line.getData(), line.length());
-    const bool atEnd = readLinePieces(f, text);
-    if (atEnd) {
+    using C = typename T::Char;
+    LineText<C> read;
+    const bool atEnd = readLineText(f, read);
+    if (line.length() != 0) {
+        std::basic_string<C> text(line.getData(), static_cast<size_t>(line.length()));
+        text.append(read.data, read.size);
+        const bool readSomething = !text.empty();
+        if (!atEnd)
+            dropLineFeed(text);
         line = typename T::String(text);
-        return false;
+        return !atEnd && readSomething;
     }
-    const bool readSomething = !text.empty();
-    dropLineFeed(text);
-    line = typename T::String(text);
-    return readSomething;
+    // A fresh line, as readAllLines hands in: it becomes what was read.
+    size_t n = read.size;
+    if (!atEnd && n != 0 && read.data[n - 1] == C('\n'))
+        --n;
+    line.append(read.data, static_cast<int>(n));
+    return !atEnd && read.size != 0;
 }
 
 // Opens path and reads every non-empty line into `lines` with readLine (the
@@ -37,10 +45,12 @@ template <class T> bool readSrtLine(FILE* f, typename T::String& line)
 template <class T, class ReadLine>
 bool readSrtFile(const char* path, FILE*& file, std::vector<typename T::String>& lines, ReadLine readLine)
 {
-    file = openForLines(path, T::kFirstByte, T::kSizeCheck);
+    long long size = 0;
+    file = openForLines(path, T::kFirstByte, T::kSizeCheck, &size);
     if (!file)
         return false;
-    if (!readAllLines(lines, readLine, kSrtLineLimit, UnterminatedLastLine::Keep)) {
+    if (!readAllLines(lines, readLine, kSrtLineLimit, UnterminatedLastLine::Keep,
+                      expectedLines(size, kSrtLineLimit))) {
         std::fclose(file);
         file = nullptr;
         return false;
