@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <map>
+#include <string>
 #include <vector>
 
 #include "parsers/detail/SrtTraits.h"
@@ -43,6 +44,83 @@ template <class T> long long readSrtTime(typename T::String part)
     return static_cast<long long>(static_cast<std::int32_t>(sum));
 }
 
+// The steps above over ranges of a stored line, for the common shape where
+// they need no copies; each answers false when its range is not of that shape.
+
+// clearSpaces: the leading spaces go, then the first space after them, which
+// keeps the range whole only when it is the last character.
+template <class C> bool clearSpacesInRange(const C*& b, const C*& e)
+{
+    while (b != e && *b == C(' '))
+        ++b;
+    const C* space = std::char_traits<C>::find(b, static_cast<size_t>(e - b), C(' '));
+    if (!space)
+        return true;
+    if (space + 1 != e)
+        return false;
+    --e;
+    return true;
+}
+
+// atoi (or __wtoi, which converts first) of a field that is one to nine
+// decimal digits and nothing else.
+template <class C> bool digitsInRange(const C* b, const C* e, int& value)
+{
+    if (b == e || e - b > 9)
+        return false;
+    int v = 0;
+    for (const C* p = b; p != e; ++p) {
+        if (*p < C('0') || *p > C('9'))
+            return false;
+        v = v * 10 + static_cast<int>(*p - C('0'));
+    }
+    value = v;
+    return true;
+}
+
+// readSrtTime.
+template <class C> bool srtTimeInRange(const C* b, const C* e, long long& ms)
+{
+    static const C separators[3] = {C(':'), C(':'), C(',')};
+    int field[4];
+    for (int k = 0; k < 3; ++k) {
+        const C* sep = std::char_traits<C>::find(b, static_cast<size_t>(e - b), separators[k]);
+        // Without the separator the whole part is the field and stays the part.
+        if (!digitsInRange(b, sep ? sep : e, field[k]))
+            return false;
+        if (sep)
+            b = sep + 1;
+    }
+    if (!digitsInRange(b, e - b > 3 ? b + 3 : e, field[3]))
+        return false;
+    const std::uint32_t sum = std::uint32_t(field[0]) * 3600000u + std::uint32_t(field[1]) * 60000u +
+                              std::uint32_t(field[2]) * 1000u + std::uint32_t(field[3]);
+    ms = static_cast<long long>(static_cast<std::int32_t>(sum));
+    return true;
+}
+
+// The start and end times of a time line (arrow at arrowPos), as buildSrtMap
+// reads them.
+template <class T>
+bool srtTimesInLine(const typename T::String& line, int arrowPos, long long& start, long long& end)
+{
+    using C = typename T::Char;
+    const int rightStart = T::endTimeStart(arrowPos);
+    if (rightStart > line.length())
+        return false;
+    const C* leftBegin = line.getData();
+    const C* leftEnd = leftBegin + arrowPos;
+    const C* rightBegin = line.getData() + rightStart;
+    const C* rightEnd = line.getData() + line.length();
+    return clearSpacesInRange(leftBegin, leftEnd) && clearSpacesInRange(rightBegin, rightEnd) &&
+           srtTimeInRange(leftBegin, leftEnd, start) && srtTimeInRange(rightBegin, rightEnd, end);
+}
+
+// Numbers and time lines are read from ranges of the stored lines where the
+// ranges give exactly what the steps give (above); Avoid takes the steps for
+// every line.
+enum class SrtFastLines { Use, Avoid };
+
 // Builds the entry map from the line list. Lines are trimmed in place (and the
 // trimmed text stays in the list). An all-digit line sets the current key; a
 // line with "-->" after its first character sets the current times; any other
@@ -50,7 +128,8 @@ template <class T> long long readSrtTime(typename T::String part)
 // number, a time line or an empty line, and appends "\n" and what it took to
 // the entry at the current key.
 template <class T>
-void buildSrtMap(std::vector<typename T::String>& lines, std::map<int, typename T::Entry>& map)
+void buildSrtMap(std::vector<typename T::String>& lines, std::map<int, typename T::Entry>& map,
+                 SrtFastLines fastLines = SrtFastLines::Use)
 {
     using String = typename T::String;
     const String arrow(T::arrow());
@@ -64,7 +143,9 @@ void buildSrtMap(std::vector<typename T::String>& lines, std::map<int, typename 
         String& line = lines[i];
         trimBothSides(line);
         if (line.isNumeric()) {
-            key = T::toInt(line);
+            if (fastLines == SrtFastLines::Avoid ||
+                !digitsInRange(line.getData(), line.getData() + line.length(), key))
+                key = T::toInt(line);
             continue;
         }
         const int arrowPos = line.find(arrow, 0);
@@ -81,6 +162,13 @@ void buildSrtMap(std::vector<typename T::String>& lines, std::map<int, typename 
             entry.end = end;
             entry.text += T::lineFeed();
             entry.text += text;
+            continue;
+        }
+        long long fastStart = 0;
+        long long fastEnd = 0;
+        if (fastLines == SrtFastLines::Use && srtTimesInLine<T>(line, arrowPos, fastStart, fastEnd)) {
+            start = fastStart;
+            end = fastEnd;
             continue;
         }
         String left = line.substr(0, arrowPos);
