@@ -4,9 +4,11 @@
 // The line list of an ASS/SSA script to its entries (ConvertBufToAssMap).
 
 #include <map>
+#include <string>
 #include <vector>
 
 #include "parsers/detail/AssDialogue.h"
+#include "parsers/detail/AssFieldCursor.h"
 #include "parsers/detail/AssStyleLine.h"
 #include "parsers/detail/AssTraits.h"
 
@@ -22,6 +24,40 @@ template <class T> struct AssScriptTargets
     typename T::Style& style;
 };
 
+// Dialogue lines are read through a cursor over the stored line where it can
+// read them exactly (AssFieldCursor.h), which gives what the steps below give;
+// AssFastLines::Avoid reads every line with the parser's own readers.
+enum class AssFastLines { Use, Avoid };
+
+// The rest of a stored line behind its key when the key is "dialogue" as the
+// steps below see it (trimmed, cut at ":", lower-cased); a null range when it
+// is not, or when the cursor cannot tell.
+template <class T> AssFieldCursor<T> dialogueRest(const typename T::String& stored)
+{
+    using C = typename T::Char;
+    const AssFieldCursor<T> none(nullptr, nullptr);
+    AssFieldCursor<T> line(stored.getData(), stored.getData() + stored.length());
+    if (!line.trimLeft())
+        return none;
+    line.trimRight();
+    const C* b = nullptr;
+    const C* e = nullptr;
+    if (line.size() == 0 || *line.begin() == C(';') || !line.cut(C(':'), b, e))
+        return none;
+    // MakeLower: the key ends at its first zero character and is lower-cased.
+    static const C dialogue[] = {C('d'), C('i'), C('a'), C('l'), C('o'), C('g'), C('u'), C('e')};
+    const C* zero = std::char_traits<C>::find(b, static_cast<size_t>(e - b), C());
+    if (zero)
+        e = zero;
+    if (e - b != 8)
+        return none;
+    for (int k = 0; k < 8; ++k) {
+        if (StringCoreOf<C>::Core::Traits::toLower(b[k]) != dialogue[k])
+            return none;
+    }
+    return line;
+}
+
 // Both modes start at 3. ScriptType "...4.00" sets both to 4, "...4.00+" both
 // to 5; the "[V4 Styles]" and "[V4+ Styles]" heads set the style mode only.
 // Keys are compared exactly after lower-casing; a line without ":" is its own
@@ -29,7 +65,7 @@ template <class T> struct AssScriptTargets
 // strip is the parser's RemoveSSATags. False when there are no lines.
 template <class T, class P, class Strip>
 bool buildAssEntries(P& parser, const std::vector<typename T::String>& lines, AssScriptTargets<T> out,
-                     Strip strip)
+                     Strip strip, AssFastLines fastLines = AssFastLines::Use)
 {
     using C = typename T::Char;
     using S = typename T::String;
@@ -41,7 +77,17 @@ bool buildAssEntries(P& parser, const std::vector<typename T::String>& lines, As
     if (lines.empty())
         return false;
 
+    TagPassBuffers<C> buffers;
+    std::basic_string<C> cleaned;
     for (const S& stored : lines) {
+        if (fastLines == AssFastLines::Use) {
+            AssFieldCursor<T> rest = dialogueRest<T>(stored);
+            if (rest.begin() &&
+                readAssDialogueFast<T>(rest, eventMode, dialogueKey, out.entries, buffers, cleaned)) {
+                ++dialogueKey;
+                continue;
+            }
+        }
         S line = stored;
         line.TrimLeft();
         line.TrimRight();
