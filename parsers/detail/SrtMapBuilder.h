@@ -117,8 +117,8 @@ bool srtTimesInLine(const typename T::String& line, int arrowPos, long long& sta
 }
 
 // Numbers and time lines are read from ranges of the stored lines where the
-// ranges give exactly what the steps give (above); Avoid takes the steps for
-// every line.
+// ranges give exactly what the steps give (above), and caption lines go
+// straight into their entry; Avoid takes the steps for every line.
 enum class SrtFastLines { Use, Avoid };
 
 // Builds the entry map from the line list. Lines are trimmed in place (and the
@@ -149,6 +149,21 @@ void buildSrtMap(std::vector<typename T::String>& lines, std::map<int, typename 
             continue;
         }
         const int arrowPos = line.find(arrow, 0);
+        if (arrowPos < 1 && fastLines == SrtFastLines::Use) {
+            // As below, with the lines taken straight into the entry's text.
+            typename T::Entry& entry = map[key];
+            entry.start = start;
+            entry.end = end;
+            entry.text += T::lineFeed();
+            for (int j = i; j < n; j += 2) {
+                String& scanned = lines[j];
+                trimBothSides(scanned);
+                if (scanned.isNumeric() || scanned.find(arrow, 0) > 0 || scanned.isEmpty())
+                    break;
+                entry.text += scanned;
+            }
+            continue;
+        }
         if (arrowPos < 1) {
             for (int j = i; j < n; j += 2) {
                 String& scanned = lines[j];
