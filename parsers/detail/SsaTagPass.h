@@ -64,7 +64,8 @@ void runTagPass(TagPassBuffers<C>& buffers, const C* text, size_t length, C open
         window.removeBlock(i, j);
         if (i > 0) {
             window.dropConsumed();
-            stretch.assign(1, window.start());
+            stretch.clear();
+            stretch.push_back(window.start());
             saved = 0;
             power = 1;
             continue;

@@ -50,6 +50,9 @@ public:
               std::uint64_t hashBase = defaultHashBase)
         : m_chars(buffers.chars), m_prefix(buffers.prefix), m_base(hashBase % kModulus)
     {
+        // Removals add what they take from the front; room for twice the text
+        // spares most regrowth before the consumed front is dropped.
+        m_chars.reserve(2 * length);
         m_chars.assign(text, text + length);
         m_prefix.assign(1, 0);
     }
