@@ -137,6 +137,8 @@ void buildSrtMap(std::vector<typename T::String>& lines, std::map<int, typename 
     int key = 0;
     long long start = 0;
     long long end = 0;
+    typename T::Entry* current = nullptr; // map[currentKey]; nodes stay where they are
+    int currentKey = 0;
 
     for (int i = 0; i < n; ++i) {
         String text;
@@ -151,7 +153,12 @@ void buildSrtMap(std::vector<typename T::String>& lines, std::map<int, typename 
         const int arrowPos = line.find(arrow, 0);
         if (arrowPos < 1 && fastLines == SrtFastLines::Use) {
             // As below, with the lines taken straight into the entry's text.
-            typename T::Entry& entry = map[key];
+            // The entry is mostly the one of the line before, or a new last one.
+            if (!current || currentKey != key) {
+                current = &map.try_emplace(map.end(), key)->second;
+                currentKey = key;
+            }
+            typename T::Entry& entry = *current;
             entry.start = start;
             entry.end = end;
             entry.text += T::lineFeed();
