@@ -82,12 +82,11 @@ bool xcAssParser::ConvertBufToAssMap()
         *this, m_lines, {m_map, m_collisions, m_playResX, m_playResY, m_style}, strip);
 }
 
-xcString xcAssParser::RemoveSSATags(xcString text, int encoding)
+// The passes search their own window for what FindChar would answer (the first
+// occurrence at or after the start), so the encoding plays no part.
+xcString xcAssParser::RemoveSSATags(xcString text, int)
 {
-    auto find = [this, encoding](const xcString& t, char c, int start) {
-        return FindChar(t, c, start, encoding);
-    };
-    return zemsub::detail::removeSsaTags(text, find, xcString("\\N"), xcString("\n"));
+    return zemsub::detail::removeSsaTags(text, xcString("\\N"), xcString("\n"));
 }
 
 // Counts brace depth and steps over "\fe" inside override blocks on the way;

@@ -85,8 +85,7 @@ bool xcAssParserU::ConvertBufToAssMap()
 
 xcWString xcAssParserU::RemoveSSATags(xcWString text)
 {
-    auto find = [this](const xcWString& t, char c, int start) { return FindChar(t, c, start); };
-    return zemsub::detail::removeSsaTags(text, find, xcWString(L"\\N"), xcWString(L"\n"));
+    return zemsub::detail::removeSsaTags(text, xcWString(L"\\N"), xcWString(L"\n"));
 }
 
 int xcAssParserU::FindChar(xcWString text, char c, int start)

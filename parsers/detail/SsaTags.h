@@ -59,14 +59,6 @@ template <class S> S removeSsaTags(const S& text, const S& hardBreak, const S& l
     return S(out.data(), static_cast<int>(out.size()));
 }
 
-// The same, for callers that hand in their FindChar: it answers the first
-// occurrence at or after the start, which the passes find in their own window
-// without copying the text, so it is not called.
-template <class S, class Find> S removeSsaTags(const S& text, Find&&, const S& hardBreak, const S& lineFeed)
-{
-    return removeSsaTags(text, hardBreak, lineFeed);
-}
-
 } // namespace zemsub::detail
 
 #endif
