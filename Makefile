@@ -6,7 +6,7 @@ JOBS ?= $(shell nproc)
 FUZZ_SECONDS ?= 60
 export QT_QPA_PLATFORM ?= offscreen
 
-.PHONY: all deps build demo test bench fuzz sanitize clean
+.PHONY: all deps build demo test bench fuzz sanitize memcheck clean
 
 all: build
 
@@ -38,11 +38,29 @@ bench:
 	cmake --build $(BUILD)/bench -j $(JOBS) --target zemsub_bench
 	$(BUILD)/bench/bench/zemsub_bench $(BENCH_ARGS)
 
+# libFuzzer targets (clang): builds them, then runs each for FUZZ_SECONDS seconds from its
+# seeds, the samples and its regression corpus; exits non-zero on any finding (fuzz/run.sh).
+fuzz:
+	@bash cmake/install-deps.sh clang libclang-rt-14-dev
+	cmake -S fuzz -B $(BUILD)/fuzz -G Ninja -DCMAKE_CXX_COMPILER=clang++ -DZEMSUB_QT_MAJOR=6
+	cmake --build $(BUILD)/fuzz -j $(JOBS)
+	FUZZ_SECONDS=$(FUZZ_SECONDS) bash fuzz/run.sh $(BUILD)/fuzz
+
+# The whole suite under AddressSanitizer, UndefinedBehaviorSanitizer and LeakSanitizer (Qt 6).
+# The one leak suppressed is the storage destroySubtitle leaves on purpose (tests/lsan.supp).
+sanitize: export ASAN_OPTIONS = detect_leaks=1:fast_unwind_on_malloc=0:detect_stack_use_after_return=1:check_initialization_order=1
+sanitize: export LSAN_OPTIONS = suppressions=$(CURDIR)/tests/lsan.supp:print_suppressions=0
+sanitize: export UBSAN_OPTIONS = print_stacktrace=1:halt_on_error=1
 sanitize: deps
-	cmake -S . -B $(BUILD)/asan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DZEMSUB_SANITIZE=ON
+	cmake -S . -B $(BUILD)/asan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG="-g -O1" \
+	  -DZEMSUB_SANITIZE=ON -DZEMSUB_QT_MAJOR=6
 	cmake --build $(BUILD)/asan -j $(JOBS)
-	ASAN_OPTIONS=detect_leaks=1 LSAN_OPTIONS=suppressions=$(CURDIR)/tests/lsan.supp \
-	  ctest --test-dir $(BUILD)/asan --output-on-failure -j $(JOBS)
+	ctest --test-dir $(BUILD)/asan --output-on-failure -j $(JOBS)
+
+# valgrind memcheck of zemsub over the samples, on the plain build (tools/memcheck.sh).
+memcheck: build
+	@bash cmake/install-deps.sh valgrind
+	bash tools/memcheck.sh $(BUILD)/qt6
 
 clean:
 	rm -rf $(BUILD) out
