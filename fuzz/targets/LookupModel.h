@@ -6,6 +6,7 @@
 // parsers' look-up rules read. The targets compare every answer of a parser
 // with this model, and the parser's map with the model's afterwards.
 
+#include <climits>
 #include <cstring>
 #include <cwchar>
 #include <map>
@@ -34,11 +35,15 @@ public:
     explicit LookupModel(const std::map<int, Entry>& fileMap) : m_map(fileMap) {}
 
     // How many map nodes the scans may have to walk: the wide SubRip scan runs up
-    // to the highest key. The model is only asked when this stays small.
+    // to the highest key, and with a negative key (counted in the size, never
+    // reached) up to the end of the int range. The model is only asked when this
+    // stays small.
     long long walkBound() const
     {
         if (m_map.empty())
             return 0;
+        if (m_map.begin()->first < 0)
+            return LLONG_MAX;
         const long long top = m_map.rbegin()->first;
         return top > (long long)m_map.size() ? top : (long long)m_map.size();
     }
