@@ -53,12 +53,6 @@ public:
         }
     }
 
-    void clear()
-    {
-        m_bounds.clear();
-        m_minKey.clear();
-    }
-
     std::optional<int> firstCovering(long long t) const
     {
         auto it = std::upper_bound(m_bounds.begin(), m_bounds.end(), t);

@@ -166,20 +166,6 @@ long peakResidentKb()
     return usage.ru_maxrss;
 }
 
-// The row's scratch directory as the working directory, so that paths keep
-// exactly the dots the row gives them.
-class InDirectory
-{
-public:
-    explicit InDirectory(const std::string& dir) : m_previous(std::filesystem::current_path())
-    {
-        std::filesystem::current_path(dir);
-    }
-    ~InDirectory() { std::filesystem::current_path(m_previous); }
-
-private:
-    std::filesystem::path m_previous;
-};
 
 void writeBytes(const std::string& path, const std::string& bytes)
 {

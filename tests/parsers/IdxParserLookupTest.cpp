@@ -14,29 +14,6 @@
 
 namespace {
 
-// Runs the test body with the current directory inside a temporary directory.
-class InDirectory
-{
-public:
-    explicit InDirectory(const std::string& dir)
-    {
-        char buf[PATH_MAX];
-        if (!getcwd(buf, sizeof buf))
-            throw std::runtime_error("getcwd failed");
-        m_previous = buf;
-        if (chdir(dir.c_str()) != 0)
-            throw std::runtime_error("chdir failed");
-    }
-    ~InDirectory()
-    {
-        if (chdir(m_previous.c_str()) != 0)
-            std::abort();
-    }
-
-private:
-    std::string m_previous;
-};
-
 // An index whose only entry is "timestamp" on line position 7.
 const char* const kEntryAtSeven = "# 0\n# 1\n# 2\n# 3\n# 4\n# 5\n# 6\n"
                                   "timestamp: 00:01:02:345, filepos: 000001800\n";

@@ -16,30 +16,6 @@
 
 namespace {
 
-// Runs the test body with the current directory inside a temporary directory
-// (the .sub path formed from "movie.idx" is the relative ".idxsub").
-class InDirectory
-{
-public:
-    explicit InDirectory(const std::string& dir)
-    {
-        char buf[PATH_MAX];
-        if (!getcwd(buf, sizeof buf))
-            throw std::runtime_error("getcwd failed");
-        m_previous = buf;
-        if (chdir(dir.c_str()) != 0)
-            throw std::runtime_error("chdir failed");
-    }
-    ~InDirectory()
-    {
-        if (chdir(m_previous.c_str()) != 0)
-            std::abort();
-    }
-
-private:
-    std::string m_previous;
-};
-
 constexpr int kSector = 2048;
 
 using Bytes = std::vector<unsigned char>;

@@ -3,6 +3,7 @@
 #include <dirent.h>
 #include <unistd.h>
 
+#include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -37,6 +38,22 @@ std::string TempDir::write(const std::string& name, const std::string& bytes) co
     if (!out)
         throw std::runtime_error("cannot write " + path);
     return path;
+}
+
+InDirectory::InDirectory(const std::string& dir)
+{
+    char buf[PATH_MAX];
+    if (!getcwd(buf, sizeof buf))
+        throw std::runtime_error("getcwd failed");
+    m_previous = buf;
+    if (chdir(dir.c_str()) != 0)
+        throw std::runtime_error("chdir failed");
+}
+
+InDirectory::~InDirectory()
+{
+    if (chdir(m_previous.c_str()) != 0)
+        std::abort();
 }
 
 std::string utf16le(const std::string& latin1, bool withMark)

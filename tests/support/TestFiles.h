@@ -22,6 +22,19 @@ private:
     std::string m_path;
 };
 
+// Makes dir the current directory for the object's lifetime.
+class InDirectory
+{
+public:
+    explicit InDirectory(const std::string& dir);
+    ~InDirectory();
+    InDirectory(const InDirectory&) = delete;
+    InDirectory& operator=(const InDirectory&) = delete;
+
+private:
+    std::string m_previous;
+};
+
 // UTF-16LE bytes of an ASCII/Latin-1 text, preceded by FF FE when withMark is set.
 std::string utf16le(const std::string& latin1, bool withMark = true);
 // The bytes FF FE followed by text in the 8-bit form (what a wide parser decodes
