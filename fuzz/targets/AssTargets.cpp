@@ -46,6 +46,8 @@ template <class Twin> Outcome openScript(typename Twin::Parser& parser)
     } catch (int thrown) {
         FUZZ_CHECK(Twin::kMayThrow);
         FUZZ_CHECK(thrown == 1);
+        // The stream stays open behind the throw.
+        FUZZ_CHECK(closeStreamLeftOpen(kPath));
         return Outcome::Threw;
     }
 }

@@ -56,13 +56,15 @@ int expectedCode(const std::string& name, const std::string& bytes)
 
 enum class Outcome { Refused, Opened, Threw };
 
-template <class Opener> Outcome openWith(Opener&& open, bool mayThrow)
+template <class Opener> Outcome openWith(Opener&& open, bool mayThrow, const char* path)
 {
     try {
         return open() ? Outcome::Opened : Outcome::Refused;
     } catch (int thrown) {
         FUZZ_CHECK(mayThrow);
         FUZZ_CHECK(thrown == 1);
+        // The stream stays open behind the throw.
+        FUZZ_CHECK(closeStreamLeftOpen(path));
         return Outcome::Threw;
     }
 }
@@ -79,7 +81,7 @@ template <class Parser>
 void compareWithParser(xcSubtitleManager& manager, const char* path, Outcome managerOutcome, bool mayThrow)
 {
     Parser parser;
-    const Outcome direct = openWith([&] { return parser.Open(path); }, mayThrow);
+    const Outcome direct = openWith([&] { return parser.Open(path); }, mayThrow, path);
     FUZZ_CHECK(direct == managerOutcome);
     const std::vector<long long> times = lookupTimes(entryBounds(parser.GetMap()));
     for (long long t : times) {
@@ -92,7 +94,7 @@ void openAndCompare(xcSubtitleManager& manager, const std::string& name, const s
 {
     const bool wasWide = manager.IsWide();
     const int code = expectedCode(name, bytes);
-    const Outcome outcome = openWith([&] { return manager.Open(name.c_str()); }, code == 5);
+    const Outcome outcome = openWith([&] { return manager.Open(name.c_str()); }, code == 5, name.c_str());
     FUZZ_CHECK(manager.GetFormatCode() == code);
     if (bytes.size() >= 2)
         FUZZ_CHECK(manager.IsWide() == ((unsigned char)bytes[0] == 0xFF && (unsigned char)bytes[1] == 0xFE));
