@@ -140,6 +140,23 @@ void buildSrtMap(std::vector<typename T::String>& lines, std::map<int, typename 
     typename T::Entry* current = nullptr; // map[currentKey]; nodes stay where they are
     int currentKey = 0;
 
+    // Whether a caption scan stops at line j (a number, a time line or an empty
+    // line), trimming it as the scan does. Once a line has no leading blank
+    // left, trimming changes it no more, and the answer is kept for the scans
+    // that reach it again: a run of caption lines is scanned from each of its lines.
+    enum class Stop : std::uint8_t { Unknown, Yes, No };
+    std::vector<Stop> stops(fastLines == SrtFastLines::Use ? lines.size() : 0, Stop::Unknown);
+    const auto scanStopsAt = [&](int j) {
+        if (stops[j] != Stop::Unknown)
+            return stops[j] == Stop::Yes;
+        String& scanned = lines[j];
+        trimBothSides(scanned);
+        const bool stop = scanned.isNumeric() || scanned.find(arrow, 0) > 0 || scanned.isEmpty();
+        if (scanned.isEmpty() || scanned.getData()[0] != typename T::Char(' '))
+            stops[j] = stop ? Stop::Yes : Stop::No;
+        return stop;
+    };
+
     for (int i = 0; i < n; ++i) {
         String text;
         String& line = lines[i];
@@ -162,13 +179,8 @@ void buildSrtMap(std::vector<typename T::String>& lines, std::map<int, typename 
             entry.start = start;
             entry.end = end;
             entry.text += T::lineFeed();
-            for (int j = i; j < n; j += 2) {
-                String& scanned = lines[j];
-                trimBothSides(scanned);
-                if (scanned.isNumeric() || scanned.find(arrow, 0) > 0 || scanned.isEmpty())
-                    break;
-                entry.text += scanned;
-            }
+            for (int j = i; j < n && !scanStopsAt(j); j += 2)
+                entry.text += lines[j];
             continue;
         }
         if (arrowPos < 1) {

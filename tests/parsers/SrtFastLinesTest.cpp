@@ -81,9 +81,12 @@ std::vector<std::string> lineList(std::mt19937& random)
             lines.push_back(pick(random, {"", " ", "  "}) + number(random) + pick(random, {"", " "}));
         if (random() % 8 != 0)
             lines.push_back(timeLine(random));
-        const int texts = static_cast<int>(random() % 3);
+        // Now and then a long run of caption lines: each is scanned again from
+        // the lines before it, and every scan trims it once more.
+        const int texts = static_cast<int>(random() % 4 == 0 ? 3 + random() % 10 : random() % 3);
         for (int t = 0; t < texts; ++t)
-            lines.push_back(pick(random, {"Hello", " two words ", "12 apples", "a-->b", "", "  "}));
+            lines.push_back(pick(random, {"Hello", " two words ", "12 apples", "a-->b", "", "  ", "    -->x",
+                                          "     7", "      six ", "   ", "Bye  "}));
     }
     return lines;
 }
