@@ -116,6 +116,14 @@ bool srtTimesInLine(const typename T::String& line, int arrowPos, long long& sta
            srtTimeInRange(leftBegin, leftEnd, start) && srtTimeInRange(rightBegin, rightEnd, end);
 }
 
+// One step of a caption scan: trims the line in place and answers whether the
+// scan stops there (a number, a time line or an empty line).
+template <class T> bool captionScanStops(typename T::String& line, const typename T::String& arrow)
+{
+    trimBothSides(line);
+    return line.isNumeric() || line.find(arrow, 0) > 0 || line.isEmpty();
+}
+
 // Numbers and time lines are read from ranges of the stored lines where the
 // ranges give exactly what the steps give (above), and caption lines go
 // straight into their entry; Avoid takes the steps for every line.
@@ -149,9 +157,8 @@ void buildSrtMap(std::vector<typename T::String>& lines, std::map<int, typename 
     const auto scanStopsAt = [&](int j) {
         if (stops[j] != Stop::Unknown)
             return stops[j] == Stop::Yes;
-        String& scanned = lines[j];
-        trimBothSides(scanned);
-        const bool stop = scanned.isNumeric() || scanned.find(arrow, 0) > 0 || scanned.isEmpty();
+        const String& scanned = lines[j];
+        const bool stop = captionScanStops<T>(lines[j], arrow);
         if (scanned.isEmpty() || scanned.getData()[0] != typename T::Char(' '))
             stops[j] = stop ? Stop::Yes : Stop::No;
         return stop;
@@ -184,13 +191,8 @@ void buildSrtMap(std::vector<typename T::String>& lines, std::map<int, typename 
             continue;
         }
         if (arrowPos < 1) {
-            for (int j = i; j < n; j += 2) {
-                String& scanned = lines[j];
-                trimBothSides(scanned);
-                if (scanned.isNumeric() || scanned.find(arrow, 0) > 0 || scanned.isEmpty())
-                    break;
-                text += scanned;
-            }
+            for (int j = i; j < n && !captionScanStops<T>(lines[j], arrow); j += 2)
+                text += lines[j];
             typename T::Entry& entry = map[key];
             entry.start = start;
             entry.end = end;
