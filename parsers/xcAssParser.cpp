@@ -28,8 +28,7 @@ bool xcAssParser::Open(const char* path)
     m_lines.clear();
     m_map.clear();
     m_index->invalidate();
-    if (!zemsub::detail::readAssScript<AssNarrow>(path, m_lines, m_file,
-                                                  [this](xcString& line) { return ReadString(line); }))
+    if (!zemsub::detail::readAssScript<AssNarrow>(path, m_lines, m_file))
         return false;
     ConvertBufToAssMap();
     std::fclose(m_file);

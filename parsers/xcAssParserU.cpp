@@ -29,8 +29,7 @@ bool xcAssParserU::Open(const char* path)
     m_lines.clear();
     m_map.clear();
     m_index->invalidate();
-    if (!zemsub::detail::readAssScript<AssWide>(path, m_lines, m_file,
-                                                [this](xcWString& line) { return ReadString(line); }))
+    if (!zemsub::detail::readAssScript<AssWide>(path, m_lines, m_file))
         return false;
     ConvertBufToAssMap();
     std::fclose(m_file);

@@ -23,8 +23,7 @@ bool xcSrtParser::Open(const char* path)
     m_lines.clear();
     m_map.clear();
     m_index->reset();
-    if (!zemsub::detail::readSrtFile<SrtNarrow>(path, m_file, m_lines,
-                                                [this](xcString& line) { return ReadString(line); }))
+    if (!zemsub::detail::readSrtFile<SrtNarrow>(path, m_file, m_lines))
         return false;
     ConvertBufToSrtMap();
     zemsub::detail::closeSrtFile(m_file);

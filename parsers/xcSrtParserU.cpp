@@ -44,8 +44,7 @@ bool xcSrtParserU::Open(const char* path)
     m_lines.clear();
     m_map.clear();
     m_index->reset();
-    if (!zemsub::detail::readSrtFile<SrtWide>(path, m_file, m_lines,
-                                              [this](xcWString& line) { return ReadString(line); }))
+    if (!zemsub::detail::readSrtFile<SrtWide>(path, m_file, m_lines))
         return false;
     ConvertBufToSrtMap();
     zemsub::detail::closeSrtFile(m_file);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "parsers/detail/AssTraits.h"
+#include "parsers/detail/LineSource.h"
 
 namespace zemsub::detail {
 
@@ -15,11 +16,11 @@ constexpr int kAssLineLimit = 20001;
 
 // One line without its line feed. False, with nothing stored, when the stream
 // is at its end after the read: a last line without a line feed is dropped.
-// Otherwise true when anything was read.
-template <class T> bool readAssLine(FILE* file, typename T::String& line)
+// Otherwise true when anything was read. Reads from a stream or a LineSource.
+template <class T, class Source> bool readAssLine(Source& from, typename T::String& line)
 {
     LineText<typename T::Char> text;
-    if (readLineText(file, text))
+    if (readLineText(from, text))
         return false;
     const bool readSomething = text.size != 0;
     size_t n = text.size;
@@ -31,16 +32,19 @@ template <class T> bool readAssLine(FILE* file, typename T::String& line)
 }
 
 // Opens path into file (positioned at T::kFirstByte) and reads every
-// non-empty line into lines through readLine (the parser's ReadString).
+// non-empty line into lines as the parser's ReadString reads them.
 // False when the file cannot be opened, is empty, or holds too many lines;
 // file is then closed and null, and lines keeps what was read.
-template <class T, class ReadLine>
-bool readAssScript(const char* path, std::vector<typename T::String>& lines, FILE*& file, ReadLine readLine)
+template <class T>
+bool readAssScript(const char* path, std::vector<typename T::String>& lines, FILE*& file,
+                   Loading loading = Loading::Try)
 {
     long long size = 0;
     file = openForLines(path, T::kFirstByte, T::kSizeCheck, &size);
     if (!file)
         return false;
+    LineSource<typename T::Char> source(file, T::kFirstByte, loading);
+    auto readLine = [&source](typename T::String& line) { return readAssLine<T>(source, line); };
     if (!readAllLines(lines, readLine, kAssLineLimit, UnterminatedLastLine::Drop,
                       expectedLines(size, kAssLineLimit))) {
         std::fclose(file);

@@ -35,28 +35,38 @@ struct LineText
     size_t size = 0;
 };
 
-// Reads the pieces of one line (line feed included) into line.
-// Returns true when the stream is at its end after the last read. A read error
-// that is not the end of the file is cleared and ends the line. A read that
-// brings nothing adds nothing (so a line ending exactly on a piece boundary
-// at the end of the file is read once).
+// A stream handing out pieces with fgets / fgetws.
 template <class C>
-bool readLineText(FILE* f, LineText<C>& line)
+struct StreamPieces
+{
+    FILE* f;
+    bool get(C* buf) { return getPiece(buf, f) != nullptr; }
+    bool eof() const { return std::feof(f) != 0; }
+    void clearError() { std::clearerr(f); }
+};
+
+// Reads the pieces of one line (line feed included) from pieces into line.
+// Returns true when the source is at its end after the last read. A read
+// error that is not the end of the file is cleared and ends the line. A read
+// that brings nothing adds nothing (so a line ending exactly on a piece
+// boundary at the end of the file is read once).
+template <class C, class Pieces>
+bool readLineFrom(Pieces& pieces, LineText<C>& line)
 {
     line.more.clear();
     line.data = line.piece;
     line.size = 0;
     for (bool first = true;; first = false) {
-        if (!getPiece(line.piece, f)) {
-            if (!std::feof(f))
-                std::clearerr(f);
+        if (!pieces.get(line.piece)) {
+            if (!pieces.eof())
+                pieces.clearError();
             break;
         }
         const size_t n = pieceLength(line.piece);
         const bool last = n < size_t(kFullPiece) || line.piece[n - 1] == C('\n');
         if (first && last) {
             line.size = n;
-            return std::feof(f) != 0;
+            return pieces.eof();
         }
         line.more.append(line.piece, n);
         if (last)
@@ -66,7 +76,15 @@ bool readLineText(FILE* f, LineText<C>& line)
         line.data = line.more.data();
         line.size = line.more.size();
     }
-    return std::feof(f) != 0;
+    return pieces.eof();
+}
+
+// One line from the stream f, as readLineFrom.
+template <class C>
+bool readLineText(FILE* f, LineText<C>& line)
+{
+    StreamPieces<C> pieces{f};
+    return readLineFrom(pieces, line);
 }
 
 // Appends the pieces of one line (line feed included) to text; answers as

@@ -9,18 +9,20 @@
 #include <vector>
 
 #include "parsers/detail/LineReader.h"
+#include "parsers/detail/LineSource.h"
 #include "parsers/detail/SrtTraits.h"
 
 namespace zemsub::detail {
 
-// One line into `line` (appended to what it holds). At the end of the file the
-// text read so far stays in `line` and the answer is false. Otherwise one
-// trailing line feed is removed and the answer says whether anything was read.
-template <class T> bool readSrtLine(FILE* f, typename T::String& line)
+// One line into `line` (appended to what it holds) from a stream or a
+// LineSource. At the end of the file the text read so far stays in `line` and
+// the answer is false. Otherwise one trailing line feed is removed and the
+// answer says whether anything was read.
+template <class T, class Source> bool readSrtLine(Source& from, typename T::String& line)
 {
     using C = typename T::Char;
     LineText<C> read;
-    const bool atEnd = readLineText(f, read);
+    const bool atEnd = readLineText(from, read);
     if (line.length() != 0) {
         std::basic_string<C> text(line.getData(), static_cast<size_t>(line.length()));
         text.append(read.data, read.size);
@@ -38,17 +40,20 @@ template <class T> bool readSrtLine(FILE* f, typename T::String& line)
     return !atEnd && read.size != 0;
 }
 
-// Opens path and reads every non-empty line into `lines` with readLine (the
-// parser's ReadString); a last line without a line feed is kept. On success
+// Opens path and reads every non-empty line into `lines` as the parser's
+// ReadString reads them; a last line without a line feed is kept. On success
 // the file stays open in `file` for the caller to close; on failure nothing
 // is left open and `file` is null.
-template <class T, class ReadLine>
-bool readSrtFile(const char* path, FILE*& file, std::vector<typename T::String>& lines, ReadLine readLine)
+template <class T>
+bool readSrtFile(const char* path, FILE*& file, std::vector<typename T::String>& lines,
+                 Loading loading = Loading::Try)
 {
     long long size = 0;
     file = openForLines(path, T::kFirstByte, T::kSizeCheck, &size);
     if (!file)
         return false;
+    LineSource<typename T::Char> source(file, T::kFirstByte, loading);
+    auto readLine = [&source](typename T::String& line) { return readSrtLine<T>(source, line); };
     if (!readAllLines(lines, readLine, kSrtLineLimit, UnterminatedLastLine::Keep,
                       expectedLines(size, kSrtLineLimit))) {
         std::fclose(file);

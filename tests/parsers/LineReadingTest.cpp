@@ -157,11 +157,11 @@ TEST(LineReading, NarrowSubRipAndAssFilesReadAsPlainPieces)
     std::mt19937 random(5151u);
     for (int round = 0; round < 400; ++round) {
         const std::string path = dir.write("lines.txt", randomFile(random));
+        const Loading loading = round % 2 ? Loading::Avoid : Loading::Try;
 
         FILE* file = nullptr;
         std::vector<xcString> srt;
-        ASSERT_TRUE(readSrtFile<SrtNarrow>(path.c_str(), file, srt,
-                                           [&](xcString& l) { return readSrtLine<SrtNarrow>(file, l); }));
+        ASSERT_TRUE(readSrtFile<SrtNarrow>(path.c_str(), file, srt, loading));
         std::fclose(file);
         FILE* plain = std::fopen(path.c_str(), "rb");
         expectSameLines(srt, plainLines<xcString>(
@@ -169,8 +169,7 @@ TEST(LineReading, NarrowSubRipAndAssFilesReadAsPlainPieces)
         std::fclose(plain);
 
         std::vector<xcString> ass;
-        ASSERT_TRUE(readAssScript<AssNarrow>(path.c_str(), ass, file,
-                                             [&](xcString& l) { return readAssLine<AssNarrow>(file, l); }));
+        ASSERT_TRUE(readAssScript<AssNarrow>(path.c_str(), ass, file, loading));
         std::fclose(file);
         plain = std::fopen(path.c_str(), "rb");
         expectSameLines(ass, plainLines<xcString>(
@@ -193,11 +192,11 @@ TEST(LineReading, WideFilesReadAsPlainPieces)
         for (size_t at = 0; at + 3 < bytes.size(); at += 1 + random() % 40)
             bytes.replace(at, 1, random() % 2 ? "\xC3\xA9" : "\xE2\x82\xAC");
         const std::string path = dir.write("wide.txt", withMark(bytes));
+        const Loading loading = round % 2 ? Loading::Avoid : Loading::Try;
 
         FILE* file = nullptr;
         std::vector<xcWString> srt;
-        ASSERT_TRUE(readSrtFile<SrtWide>(path.c_str(), file, srt,
-                                         [&](xcWString& l) { return readSrtLine<SrtWide>(file, l); }));
+        ASSERT_TRUE(readSrtFile<SrtWide>(path.c_str(), file, srt, loading));
         std::fclose(file);
         FILE* plain = std::fopen(path.c_str(), "rb");
         std::fseek(plain, 2, SEEK_SET);
@@ -207,8 +206,7 @@ TEST(LineReading, WideFilesReadAsPlainPieces)
         std::fclose(plain);
 
         std::vector<xcWString> ass;
-        ASSERT_TRUE(readAssScript<AssWide>(path.c_str(), ass, file,
-                                           [&](xcWString& l) { return readAssLine<AssWide>(file, l); }));
+        ASSERT_TRUE(readAssScript<AssWide>(path.c_str(), ass, file, loading));
         std::fclose(file);
         plain = std::fopen(path.c_str(), "rb");
         std::fseek(plain, 2, SEEK_SET);
