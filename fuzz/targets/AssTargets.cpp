@@ -5,7 +5,9 @@
 // remainder; that exception, and only that one, is an answer here.
 #include "FuzzSupport.h"
 #include "FuzzTargets.h"
+#include "LineSourceCheck.h"
 #include "LookupModel.h"
+#include "parsers/detail/AssLines.h"
 #include "parsers/xcAssParser.h"
 #include "parsers/xcAssParserU.h"
 
@@ -20,6 +22,7 @@ struct Narrow
     using Entry = ASS_SESSION_ST;
     using Str = xcString;
     using Char = char;
+    using Lines = zemsub::detail::AssNarrow;
     static constexpr bool kMayThrow = false;
     static const Char* ask(Parser& p, long long t) { return p.GetSubTitle(t); }
     static bool otherTwinIsNull(Parser& p, long long t) { return p.GetSubTitleU(t) == nullptr; }
@@ -31,6 +34,7 @@ struct Wide
     using Entry = ASS_SESSION_ST_U;
     using Str = xcWString;
     using Char = wchar_t;
+    using Lines = zemsub::detail::AssWide;
     static constexpr bool kMayThrow = true;
     static const Char* ask(Parser& p, long long t) { return p.GetSubTitleU(t); }
     static bool otherTwinIsNull(Parser& p, long long t) { return p.GetSubTitle(t) == nullptr; }
@@ -105,6 +109,11 @@ void cutFields(typename Twin::Parser& parser, const std::vector<typename Twin::S
 
 template <class Twin> void exercise(size_t size)
 {
+    using Lines = typename Twin::Lines;
+    checkLinesAsStream<typename Twin::Str>([](auto& lines, FILE*& file, detail::Loading loading) {
+        return detail::readAssScript<Lines>(kPath, lines, file, loading);
+    });
+
     typename Twin::Parser parser;
     const Outcome first = openScript<Twin>(parser);
     if (size == 0)

@@ -3,7 +3,9 @@
 // model; then open the file again and check that nothing of the look-ups stays.
 #include "FuzzSupport.h"
 #include "FuzzTargets.h"
+#include "LineSourceCheck.h"
 #include "LookupModel.h"
+#include "parsers/detail/SrtReading.h"
 #include "parsers/xcSrtParser.h"
 #include "parsers/xcSrtParserU.h"
 
@@ -20,6 +22,7 @@ struct Narrow
     using Parser = xcSrtParser;
     using Entry = SRC_SESSION_ST;
     using Char = char;
+    using Lines = zemsub::detail::SrtNarrow;
     static const Char* ask(Parser& p, long long t) { return p.GetSubTitle(t); }
     static bool otherTwinIsNull(Parser& p, long long t) { return p.GetSubTitleU(t) == nullptr; }
     static const Entry* model(LookupModel<Entry>& m, long long t) { return m.srtNarrow(t); }
@@ -30,6 +33,7 @@ struct Wide
     using Parser = xcSrtParserU;
     using Entry = SRC_SESSION_ST_U;
     using Char = wchar_t;
+    using Lines = zemsub::detail::SrtWide;
     static const Char* ask(Parser& p, long long t) { return p.GetSubTitleU(t); }
     static bool otherTwinIsNull(Parser& p, long long t) { return p.GetSubTitle(t) == nullptr; }
     static const Entry* model(LookupModel<Entry>& m, long long t) { return m.srtWide(t); }
@@ -37,6 +41,11 @@ struct Wide
 
 template <class Twin> void exercise(size_t size)
 {
+    using Lines = typename Twin::Lines;
+    checkLinesAsStream<typename Lines::String>([](auto& lines, FILE*& file, detail::Loading loading) {
+        return detail::readSrtFile<Lines>(kPath, file, lines, loading);
+    });
+
     typename Twin::Parser parser;
     const bool opened = parser.Open(kPath);
     if (size == 0)

@@ -34,14 +34,14 @@ inline bool decodePlainBytes(const std::string& bytes, WideCodeset set, std::wst
 {
     if (set == WideCodeset::Other)
         return false;
-    out.clear();
-    out.reserve(bytes.size());
+    out.resize(bytes.size());  // never more characters than bytes
+    wchar_t* to = &out[0];
     const auto* p = reinterpret_cast<const unsigned char*>(bytes.data());
     const auto* end = p + bytes.size();
     while (p < end) {
         const unsigned c = *p;
         if (c < 0x80) {
-            out.push_back(static_cast<wchar_t>(c));
+            *to++ = static_cast<wchar_t>(c);
             ++p;
             continue;
         }
@@ -68,9 +68,10 @@ inline bool decodePlainBytes(const std::string& bytes, WideCodeset set, std::wst
         }
         if (value < least || value > 0x10FFFF || (value >= 0xD800 && value <= 0xDFFF))
             return false;
-        out.push_back(static_cast<wchar_t>(value));
+        *to++ = static_cast<wchar_t>(value);
         p += more + 1;
     }
+    out.resize(static_cast<size_t>(to - out.data()));
     return true;
 }
 
