@@ -47,13 +47,24 @@ template <class T> long long readSrtTime(typename T::String part)
 // The steps above over ranges of a stored line, for the common shape where
 // they need no copies; each answers false when its range is not of that shape.
 
+// The first c in [b, e), or null. The ranges are a few characters long, too
+// short for a library search to pay for its call.
+template <class C> const C* findInShortRange(const C* b, const C* e, C c)
+{
+    for (; b != e; ++b) {
+        if (*b == c)
+            return b;
+    }
+    return nullptr;
+}
+
 // clearSpaces: the leading spaces go, then the first space after them, which
 // keeps the range whole only when it is the last character.
 template <class C> bool clearSpacesInRange(const C*& b, const C*& e)
 {
     while (b != e && *b == C(' '))
         ++b;
-    const C* space = std::char_traits<C>::find(b, static_cast<size_t>(e - b), C(' '));
+    const C* space = findInShortRange(b, e, C(' '));
     if (!space)
         return true;
     if (space + 1 != e)
@@ -84,7 +95,7 @@ template <class C> bool srtTimeInRange(const C* b, const C* e, long long& ms)
     static const C separators[3] = {C(':'), C(':'), C(',')};
     int field[4];
     for (int k = 0; k < 3; ++k) {
-        const C* sep = std::char_traits<C>::find(b, static_cast<size_t>(e - b), separators[k]);
+        const C* sep = findInShortRange(b, e, separators[k]);
         // Without the separator the whole part is the field and stays the part.
         if (!digitsInRange(b, sep ? sep : e, field[k]))
             return false;

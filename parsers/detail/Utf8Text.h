@@ -39,6 +39,20 @@ inline bool decodePlainBytes(const std::string& bytes, WideCodeset set, std::wst
     const auto* p = reinterpret_cast<const unsigned char*>(bytes.data());
     const auto* end = p + bytes.size();
     while (p < end) {
+        // Sixteen bytes at a time while they are all below 0x80.
+        while (end - p >= 16) {
+            unsigned char high = 0;
+            for (int k = 0; k < 16; ++k)
+                high |= p[k];
+            if (high & 0x80)
+                break;
+            for (int k = 0; k < 16; ++k)
+                to[k] = static_cast<wchar_t>(p[k]);
+            p += 16;
+            to += 16;
+        }
+        if (p == end)
+            break;
         const unsigned c = *p;
         if (c < 0x80) {
             *to++ = static_cast<wchar_t>(c);

@@ -182,6 +182,25 @@ TEST(Utf8Text, DecodesOnlyPlainBytes)
     EXPECT_FALSE(decodePlainBytes("plain", WideCodeset::Other, out));
 }
 
+// Runs of plain bytes of every length around the sixteen-byte steps, with a
+// character of two bytes, or a doubtful byte, at every place behind them.
+TEST(Utf8Text, PlainRunsOfEveryLength)
+{
+    std::wstring out;
+    for (size_t before = 0; before < 50; ++before) {
+        for (size_t after = 0; after < 20; ++after) {
+            const std::string run(before, 'a');
+            const std::string tail(after, 'b');
+            ASSERT_TRUE(decodePlainBytes(run + "\xC3\xA9" + tail, WideCodeset::Utf8, out));
+            EXPECT_EQ(out, std::wstring(before, L'a') + L"\u00E9" + std::wstring(after, L'b'));
+            EXPECT_FALSE(decodePlainBytes(run + "\xFF" + tail, WideCodeset::Utf8, out)) << before;
+            EXPECT_FALSE(decodePlainBytes(run + "\xC3" + tail, WideCodeset::Ascii, out)) << before;
+            ASSERT_TRUE(decodePlainBytes(run + tail, WideCodeset::Ascii, out));
+            EXPECT_EQ(out, std::wstring(before, L'a') + std::wstring(after, L'b'));
+        }
+    }
+}
+
 // A file past the size limit is read through the stream.
 TEST(LineSource, LargeFilesAreReadThroughTheStream)
 {
