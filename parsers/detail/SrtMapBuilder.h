@@ -197,6 +197,11 @@ void buildSrtMap(std::vector<typename T::String>& lines, std::map<int, typename 
             entry.start = start;
             entry.end = end;
             entry.text += T::lineFeed();
+            // The scan starts on this line, just trimmed and found to be neither a
+            // number nor a time line: once its trimming is settled, only
+            // emptiness can stop the scan here.
+            if (stops[i] == Stop::Unknown && (line.isEmpty() || line.getData()[0] != typename T::Char(' ')))
+                stops[i] = line.isEmpty() ? Stop::Yes : Stop::No;
             for (int j = i; j < n && !scanStopsAt(j); j += 2)
                 entry.text += lines[j];
             continue;
