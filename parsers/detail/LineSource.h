@@ -114,6 +114,8 @@ public:
         if (loading == Loading::Try && loadFileText(f, start, m_loaded.text)) {
             m_isLoaded = true;
             m_hasZero = std::char_traits<C>::find(m_loaded.text.data(), m_loaded.text.size(), C()) != nullptr;
+        } else {
+            std::basic_string<C>().swap(m_loaded.text);  // nothing kept of a load given up
         }
     }
 
