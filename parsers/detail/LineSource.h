@@ -20,7 +20,7 @@ namespace zemsub::detail {
 
 // Files larger than this are read through the stream: Open may stop long
 // before their end (line limits), and taking them whole would cost memory.
-constexpr long long kLoadLimit = 32LL << 20;
+constexpr long long kLoadLimit = 8LL << 20;
 
 // The bytes of a regular file from `start` to its end, read through its
 // descriptor (the stream itself is not moved). False when the file is not a
