@@ -187,10 +187,7 @@ TEST(LineReading, WideFilesReadAsPlainPieces)
     TempDir dir;
     std::mt19937 random(5152u);
     for (int round = 0; round < 200; ++round) {
-        std::string bytes = randomFile(random);
-        // Some characters of two and three bytes.
-        for (size_t at = 0; at + 3 < bytes.size(); at += 1 + random() % 40)
-            bytes.replace(at, 1, random() % 2 ? "\xC3\xA9" : "\xE2\x82\xAC");
+        const std::string bytes = withUtf8Characters(randomFile(random), random, 20);
         const std::string path = dir.write("wide.txt", withMark(bytes));
         const Loading loading = round % 2 ? Loading::Avoid : Loading::Try;
 

@@ -84,15 +84,8 @@ TEST(LineSource, WideUtf8FileTakenWholeReadsAsTheStream)
     ASSERT_NE(std::setlocale(LC_ALL, "C.UTF-8"), nullptr);
     TempDir dir;
     std::mt19937 random(812u);
-    static const char* const wide[] = {"\xC3\xA9", "\xE2\x82\xAC", "\xF0\x9F\x98\x80", "\xEF\xBF\xBF"};
     for (int round = 0; round < 300; ++round) {
-        std::string bytes;
-        for (char c : randomBytes(random, round % 2 == 0)) {
-            if (c != '\n' && random() % 20 == 0)
-                bytes += wide[random() % 4];
-            else
-                bytes += c;
-        }
+        const std::string bytes = withUtf8Characters(randomBytes(random, round % 2 == 0), random, 20);
         const std::string path = dir.write("w.txt", withMark(bytes));
         expectSameAsStream<wchar_t>(path, 2, true);
         if (HasFatalFailure())
@@ -125,16 +118,22 @@ TEST(LineSource, WideDoubtfulBytesGoThroughTheStream)
     std::setlocale(LC_ALL, saved.c_str());
 }
 
+// A source over f that reads the stream itself, its first line being firstLine.
+void expectReadThroughStream(FILE* f, const std::string& firstLine, Loading loading = Loading::Try)
+{
+    LineSource<char> source(f, 0, loading);
+    EXPECT_FALSE(source.isLoaded());
+    LineText<char> line;
+    EXPECT_FALSE(source.read(line));
+    EXPECT_EQ(std::string(line.data, line.size), firstLine);
+}
+
 TEST(LineSource, StreamsWithoutAPlainFileAreReadAsStreams)
 {
     char text[] = "one\ntwo\n";
     FILE* memory = fmemopen(text, sizeof text - 1, "rb");
     ASSERT_NE(memory, nullptr);
-    LineSource<char> fromMemory(memory, 0);
-    EXPECT_FALSE(fromMemory.isLoaded());
-    LineText<char> line;
-    EXPECT_FALSE(fromMemory.read(line));
-    EXPECT_EQ(std::string(line.data, line.size), "one\n");
+    expectReadThroughStream(memory, "one\n");
     std::fclose(memory);
 
     TempDir dir;
@@ -144,10 +143,7 @@ TEST(LineSource, StreamsWithoutAPlainFileAreReadAsStreams)
     ASSERT_NE(reader, nullptr);
     std::fputs("piped\n", reader);
     std::fflush(reader);
-    LineSource<char> fromPipe(reader, 0);
-    EXPECT_FALSE(fromPipe.isLoaded());
-    EXPECT_FALSE(fromPipe.read(line));
-    EXPECT_EQ(std::string(line.data, line.size), "piped\n");
+    expectReadThroughStream(reader, "piped\n");
     std::fclose(reader);
 }
 
@@ -212,11 +208,7 @@ TEST(LineSource, LargeFilesAreReadThroughTheStream)
     std::fclose(w);
     ASSERT_EQ(truncate(path.c_str(), kLoadLimit + 1), 0);
     FILE* f = std::fopen(path.c_str(), "rb");
-    LineSource<char> source(f, 0);
-    EXPECT_FALSE(source.isLoaded());
-    LineText<char> line;
-    EXPECT_FALSE(source.read(line));
-    EXPECT_EQ(std::string(line.data, line.size), "first\n");
+    expectReadThroughStream(f, "first\n");
     std::fclose(f);
 }
 

@@ -73,6 +73,19 @@ std::string withMark(const std::string& bytes)
     return std::string("\xFF\xFE") + bytes;
 }
 
+std::string withUtf8Characters(const std::string& bytes, std::mt19937& random, unsigned oneIn)
+{
+    static const char* const characters[] = {"\xC3\xA9", "\xE2\x82\xAC", "\xF0\x9F\x98\x80", "\xEF\xBF\xBF"};
+    std::string out;
+    for (char c : bytes) {
+        if (c != '\n' && random() % oneIn == 0)
+            out += characters[random() % 4];
+        else
+            out += c;
+    }
+    return out;
+}
+
 int openDescriptorCount()
 {
     int count = 0;

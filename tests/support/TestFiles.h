@@ -1,6 +1,7 @@
 #ifndef ZEMSUB_TESTS_TESTFILES_H
 #define ZEMSUB_TESTS_TESTFILES_H
 
+#include <random>
 #include <string>
 
 // A fresh temporary directory, removed with everything in it when the object goes.
@@ -40,6 +41,11 @@ std::string utf16le(const std::string& latin1, bool withMark = true);
 // The bytes FF FE followed by text in the 8-bit form (what a wide parser decodes
 // under the "C.UTF-8" locale when the text is UTF-8).
 std::string withMark(const std::string& bytes);
+
+// bytes with about one in oneIn of its characters other than line feeds
+// replaced by a UTF-8 character of two to four bytes; well-formed UTF-8 when
+// bytes were below 0x80.
+std::string withUtf8Characters(const std::string& bytes, std::mt19937& random, unsigned oneIn);
 
 // Number of file descriptors the process holds open.
 int openDescriptorCount();
