@@ -8,10 +8,16 @@ sector but the last is filled to its end, the last one is closed with a padding
 packet. The .idx file lists each subtitle's time and the offset of its first sector.
 
 Run it from anywhere: python3 tools/make-sample-sub.py
+  --out DIR       write the pair into DIR instead of samples/
+  --pictures DIR  also write each subpicture as it is drawn: DIR/subpicture-N.png
+                  (RGBA, the index's colours, transparent where the contrast is 0)
+                  and DIR/pictures.txt, one line "START_MS X Y FILE" per subpicture
 """
 
+import argparse
 import os
 import struct
+import zlib
 
 SECTOR = 2048
 SUBSTREAM = 0x20
@@ -115,6 +121,18 @@ def bitmap(width, height, bars, checker):
     return rows
 
 
+# The index's palette, the subpicture's colour command (palette entries of codes
+# 0 to 3) and its contrast (alpha of codes 0 to 3, 0 transparent, 15 opaque).
+PALETTE = [0x000000, 0xf0f0f0, 0x202020, 0xe0c020, 0x3333fa, 0x1111bb, 0xfa3333, 0xbb1111,
+           0x33fa33, 0x11bb11, 0xfafa33, 0xbbbb11, 0xfa33fa, 0xbb11bb, 0x33fafa, 0x11bbbb]
+CODE_COLOURS = [0, 1, 2, 3]
+CODE_CONTRAST = [0, 15, 15, 15]
+
+
+def nibble_pair(high, low):
+    return (high << 4) | low
+
+
 def subpicture(rows, x, y, duration_ms):
     width, height = len(rows[0]), len(rows)
     top = encode_rows(rows[0::2])
@@ -123,8 +141,9 @@ def subpicture(rows, x, y, duration_ms):
     first_control = 4 + len(pixels)
     x2, y2 = x + width - 1, y + height - 1
     commands = bytes([
-        0x03, 0x32, 0x10,           # colours: emphasis 2, emphasis 1, pattern, background
-        0x04, 0xFF, 0xF0,           # contrast
+        # colours, then contrast: emphasis 2, emphasis 1, pattern, background
+        0x03, nibble_pair(CODE_COLOURS[3], CODE_COLOURS[2]), nibble_pair(CODE_COLOURS[1], CODE_COLOURS[0]),
+        0x04, nibble_pair(CODE_CONTRAST[3], CODE_CONTRAST[2]), nibble_pair(CODE_CONTRAST[1], CODE_CONTRAST[0]),
         0x05, x >> 4, ((x & 0xF) << 4) | (x2 >> 8), x2 & 0xFF, y >> 4, ((y & 0xF) << 4) | (y2 >> 8), y2 & 0xFF,
         0x06,
     ]) + struct.pack(">HH", 4, 4 + len(top)) + bytes([0x01, 0xFF])
@@ -151,6 +170,7 @@ def timestamp(ms):
     return "%02d:%02d:%02d:%03d" % (ms // 3600000, ms // 60000 % 60, ms // 1000 % 60, ms % 1000)
 
 
+POSITION = (300, 400)  # top left of every subpicture on the 720x480 frame
 SUBTITLES = [
     # start ms, duration ms, bitmap
     (1000, 2500, bitmap(96, 24, bars=2, checker=False)),
@@ -159,7 +179,40 @@ SUBTITLES = [
 ]
 
 
+def png(rows):
+    """An RGBA PNG of rows of (r, g, b, a) pixels."""
+    def chunk(kind, data):
+        return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data) & 0xFFFFFFFF)
+    raw = b"".join(b"\x00" + bytes(channel for pixel in row for channel in pixel) for row in rows)
+    header = struct.pack(">IIBBBBB", len(rows[0]), len(rows), 8, 6, 0, 0, 0)
+    return b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + chunk(b"IDAT", zlib.compress(raw)) + chunk(b"IEND", b"")
+
+
+def drawn(rows):
+    """The bitmap's codes as the index colours them."""
+    def colour(code):
+        rgb = PALETTE[CODE_COLOURS[code]]
+        return ((rgb >> 16) & 0xFF, (rgb >> 8) & 0xFF, rgb & 0xFF, CODE_CONTRAST[code] * 17)
+    return [[colour(code) for code in row] for row in rows]
+
+
+def write_pictures(folder):
+    os.makedirs(folder, exist_ok=True)
+    listing = []
+    for number, (start, _, rows) in enumerate(SUBTITLES, 1):
+        name = "subpicture-%d.png" % number
+        with open(os.path.join(folder, name), "wb") as f:
+            f.write(png(drawn(rows)))
+        listing.append("%d %d %d %s" % (start, POSITION[0], POSITION[1], name))
+    with open(os.path.join(folder, "pictures.txt"), "w", newline="\n") as f:
+        f.write("\n".join(listing) + "\n")
+
+
 def main():
+    arguments = argparse.ArgumentParser(description="Writes the sample VobSub pair.")
+    arguments.add_argument("--out", default=SAMPLES, help="folder of vobsub.idx and vobsub.sub")
+    arguments.add_argument("--pictures", help="folder for the subpictures as drawn")
+    options = arguments.parse_args()
     stream = b""
     index_lines = [
         "# VobSub index file, v7 (do not modify this line!)",
@@ -173,8 +226,7 @@ def main():
         "align: OFF at LEFT TOP",
         "time offset: 0",
         "forced subs: OFF",
-        "palette: 000000, f0f0f0, 202020, e0c020, 3333fa, 1111bb, fa3333, bb1111, "
-        "33fa33, 11bb11, fafa33, bbbb11, fa33fa, bb11bb, 33fafa, 11bbbb",
+        "palette: " + ", ".join("%06x" % colour for colour in PALETTE),
         "custom colors: OFF, tridx: 1000, colors: 000000, f0f0f0, 202020, e0c020",
         "langidx: 0",
         "",
@@ -182,14 +234,17 @@ def main():
         "id: en, index: 0",
     ]
     for start, duration, rows in SUBTITLES:
-        unit = subpicture(rows, 300, 400, duration)
+        unit = subpicture(rows, POSITION[0], POSITION[1], duration)
         index_lines.append("timestamp: %s, filepos: %09x" % (timestamp(start), len(stream)))
         for sector in sectors_for(unit, start * 90):
             stream += sector
-    with open(os.path.join(SAMPLES, "vobsub.sub"), "wb") as f:
+    os.makedirs(options.out, exist_ok=True)
+    with open(os.path.join(options.out, "vobsub.sub"), "wb") as f:
         f.write(stream)
-    with open(os.path.join(SAMPLES, "vobsub.idx"), "w", newline="\n") as f:
+    with open(os.path.join(options.out, "vobsub.idx"), "w", newline="\n") as f:
         f.write("\n".join(index_lines) + "\n")
+    if options.pictures:
+        write_pictures(options.pictures)
 
 
 if __name__ == "__main__":
