@@ -129,6 +129,7 @@ RenderStyle StyleOptions::read(const QCommandLineParser& parser, const QString& 
                            .arg(kMaxSide)
                            .arg(parser.value(m_size)));
         style.size = QSize(width, height);
+        style.sizeGiven = true;
     }
     style.pointSize = qMax(6, style.size.height() / 20);
     style.position = QPoint(style.size.width() / 2, style.size.height() - style.size.height() / 12);

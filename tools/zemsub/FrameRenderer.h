@@ -19,6 +19,7 @@ namespace zemsub::tool {
 struct RenderStyle
 {
     QSize size{480, 360};
+    bool sizeGiven = false; // --size was given
     QString family = QStringLiteral("DejaVu Sans");
     int pointSize = 18;
     QString styleWord = QStringLiteral("Regular");

@@ -3,10 +3,36 @@
 
 #include "CommandLine.h"
 #include "FrameRenderer.h"
+#include "IndexPictures.h"
 #include "LibraryView.h"
+#include "SubpictureFrame.h"
 #include "TimeParser.h"
 
 namespace zemsub::tool {
+
+namespace {
+
+void save(const QImage& image, const QString& output)
+{
+    if (!image.save(output, "PNG"))
+        throw ToolError{ExitCannotRead, output + QStringLiteral(": cannot write the image")};
+}
+
+// A VobSub index: the packet the index reader cuts at the time, decoded and laid
+// on the index's frame (or on --size, scaled).
+int renderIndex(const FileFacts& facts, long long time, RenderStyle style, const QString& output)
+{
+    IndexPictures pictures(facts.path);
+    if (!style.sizeGiven)
+        style.size = pictures.frameSize();
+    const IndexPicture answer = pictures.at(time);
+    save(frameWithSubpicture(makeBackground(style), answer.subpicture, pictures.frameSize()), output);
+    out(QStringLiteral("time %1\tpicture %2\twrote %3\n")
+            .arg(formatTime(time), describeSubpicture(answer.subpicture), output));
+    return ExitSuccess;
+}
+
+} // namespace
 
 int runRender(const QStringList& args)
 {
@@ -14,7 +40,10 @@ int runRender(const QStringList& args)
         QStringLiteral("render"),
         QStringLiteral("Goes through ISubTitle exactly as a player does and writes the frame at TIME "
                        "with the caption image laid over it. The caption image covers the whole "
-                       "frame, so the caption stands at the frame's centre plus the record's x and y."));
+                       "frame, so the caption stands at the frame's centre plus the record's x and y. "
+                       "For a VobSub .idx (its .sub beside it): the packet the index reader cuts at TIME, "
+                       "decoded by FFmpeg in the index's colours and laid on the index's frame at its "
+                       "position."));
     const QCommandLineOption outputOption({QStringLiteral("o"), QStringLiteral("output")},
                                           QStringLiteral("The PNG file to write."),
                                           QStringLiteral("OUT.png"));
@@ -35,10 +64,11 @@ int runRender(const QStringList& args)
     const RenderStyle style = styleOptions.read(line.parser(), QStringLiteral("render"));
 
     const FileFacts facts = inspectFile(positionals.at(0));
+    if (isIndexPath(facts) && ManagerSession(facts.path).formatCode() == CodeNone)
+        return renderIndex(facts, *time, style, output);
     CaptionPlayer player(facts, style);
     const RenderedFrame frame = player.frameAt(*time);
-    if (!frame.image.save(output, "PNG"))
-        throw ToolError{ExitCannotRead, output + QStringLiteral(": cannot write the image")};
+    save(frame.image, output);
     out(QStringLiteral("time %1\trecord %2\twrote %3\n")
             .arg(formatTime(*time), describeRecord(frame.record), output));
     return ExitSuccess;

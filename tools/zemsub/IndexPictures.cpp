@@ -1,0 +1,99 @@
+#include "IndexPictures.h"
+
+#include "CommandLine.h"
+#include "CustomColours.h"
+#include "TextForm.h"
+
+#include "parsers/xcIdxParser.h"
+
+#include <QFile>
+#include <QRegularExpression>
+#include <algorithm>
+#include <array>
+
+namespace zemsub::tool {
+
+namespace {
+
+// The "size: WxH" line of the index; the reader recognises it but keeps nothing.
+QSize sizeLine(const xcIdxParser& parser)
+{
+    static const QRegularExpression pattern(QStringLiteral("^\\s*size\\s*:\\s*(\\d{1,5})\\s*x\\s*(\\d{1,5})"),
+                                            QRegularExpression::CaseInsensitiveOption);
+    for (const xcString& line : parser.GetLines()) {
+        const QRegularExpressionMatch match = pattern.match(fromNarrow(line.getData()));
+        if (!match.hasMatch())
+            continue;
+        const int width = match.captured(1).toInt();
+        const int height = match.captured(2).toInt();
+        if (width > 0 && height > 0)
+            return QSize(width, height);
+    }
+    return QSize(720, 480);
+}
+
+} // namespace
+
+IndexPictures::IndexPictures(const QString& path) : m_parser(std::make_unique<xcIdxParser>())
+{
+    // An absolute, clean path: the .sub path the reader forms then never climbs out of a folder.
+    const QString absolute = QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+    const QByteArray name = QFile::encodeName(absolute);
+    bool opened = false;
+    try {
+        opened = m_parser->Open(name.constData());
+    } catch (int) {
+        fileError(path,
+                  QStringLiteral(
+                      "cannot parse: the index reader threw the int 1 (a field was asked of an empty line)"));
+    }
+    if (!opened)
+        fileError(path, QStringLiteral(
+                            "cannot parse: the index reader did not open it (it reads at most 5000 lines)"));
+    m_frameSize = sizeLine(*m_parser);
+    for (const auto& [key, entry] : m_parser->GetMap())
+        m_entries.push_back(IndexEntry{key, entry.time, entry.filePos});
+
+    std::array<unsigned int, 16> palette{};
+    std::copy(m_parser->GetPalette(), m_parser->GetPalette() + 16, palette.begin());
+    m_decoder = std::make_unique<SubpictureDecoder>(palette, m_frameSize);
+    m_subFile = subFileBeside(absolute);
+    m_arrangement =
+        std::make_unique<SubPathArrangement>(fromNarrow(m_parser->GetSubPath().getData()), m_subFile);
+    if (!m_arrangement->ready())
+        m_subFile.clear();
+}
+
+IndexPictures::~IndexPictures() = default;
+
+IndexPicture IndexPictures::at(long long ms)
+{
+    IndexPicture answer;
+    answer.time = ms;
+    answer.subPath = fromNarrow(m_parser->GetSubPath().getData());
+    answer.filePos = m_parser->GetFilePos(ms);
+    int size = 0;
+    int control = 0;
+    const std::unique_ptr<unsigned char[]> packet(
+        m_arrangement->run([&] { return m_parser->GetPacket(ms, size, control); }));
+    if (!packet) {
+        if (m_subFile.isEmpty())
+            answer.subpicture.failure = QStringLiteral("no packet: no .sub file beside the index");
+        else
+            answer.subpicture.failure =
+                QStringLiteral("no packet: the .sub file holds none at 0x%1").arg(answer.filePos, 0, 16);
+        return answer;
+    }
+    answer.packet = true;
+    answer.packetSize = size;
+    answer.controlOffset = control;
+    answer.subpicture = m_decoder->decode(packet.get(), size);
+    if (answer.subpicture.decoded && m_parser->GetCustomColorSwitch() == 1) {
+        std::array<unsigned int, 4> colours{};
+        std::copy(m_parser->GetCustomColors(), m_parser->GetCustomColors() + 4, colours.begin());
+        applyCustomColours(answer.subpicture.picture, colours, m_parser->GetTransparencyMask());
+    }
+    return answer;
+}
+
+} // namespace zemsub::tool
