@@ -2,7 +2,9 @@
 #include "Commands.h"
 
 #include "CommandLine.h"
+#include "IndexPictures.h"
 #include "LibraryView.h"
+#include "SubpictureFrame.h"
 #include "TextForm.h"
 #include "TimeParser.h"
 
@@ -25,18 +27,21 @@ std::vector<long long> parseTimes(const QStringList& texts)
 
 int answerIndex(const FileFacts& facts, const std::vector<long long>& times)
 {
-    const std::vector<IndexAnswer> answers = askIndex(facts.path, times);
-    for (size_t i = 0; i < times.size(); ++i) {
-        const IndexAnswer& answer = answers[i];
+    IndexPictures pictures(facts.path);
+    for (long long time : times) {
+        const IndexPicture answer = pictures.at(time);
         QString packet;
         if (answer.packet)
-            packet = QStringLiteral("packet of %1 bytes, control at %2")
+            packet = QStringLiteral("packet of %1 bytes, control at %2\tpicture %3")
                          .arg(answer.packetSize)
-                         .arg(answer.controlOffset);
+                         .arg(answer.controlOffset)
+                         .arg(describeSubpicture(answer.subpicture));
+        else if (pictures.subFile().isEmpty())
+            packet = QStringLiteral("no packet (sub path \"%1\"; no .sub file beside the index)").arg(answer.subPath);
         else
             packet = QStringLiteral("no packet (sub path \"%1\")").arg(answer.subPath);
         out(QStringLiteral("%1\tfilepos 0x%2\t%3\n")
-                .arg(formatTime(times[i]))
+                .arg(formatTime(time))
                 .arg(answer.filePos, 0, 16)
                 .arg(packet));
     }
@@ -53,7 +58,8 @@ int runAt(const QStringList& args)
                        "through one manager (look-ups can add entries, as in a player). Line feeds "
                        "are shown as \\n; \"(none)\" when nothing shows, \"(empty)\" for an empty text. For "
                        ".idx files: the file "
-                       "position and the packet the index reader finds."));
+                       "position, the packet the index reader cuts (its .sub file beside it) and the "
+                       "size and position of the picture FFmpeg decodes from it."));
     line.addPositional(QStringLiteral("file"), QStringLiteral("The subtitle file."));
     line.addPositional(
         QStringLiteral("time"),

@@ -3,12 +3,11 @@
 
 #include "CommandLine.h"
 #include "FrameRenderer.h"
+#include "IndexPictures.h"
 #include "LibraryView.h"
+#include "SheetPainter.h"
+#include "SubpictureFrame.h"
 #include "TimeParser.h"
-
-#include <QFileInfo>
-#include <QFont>
-#include <QPainter>
 
 #include <algorithm>
 
@@ -17,10 +16,6 @@ namespace zemsub::tool {
 namespace {
 
 constexpr int kMaxTiles = 2000;
-constexpr int kTileWidth = 320;
-constexpr int kMargin = 8;
-constexpr int kLabelHeight = 20;
-constexpr int kTitleHeight = 28;
 
 struct Tile
 {
@@ -66,6 +61,88 @@ std::vector<Tile> stepTiles(const StoredTimeline& timeline, long long every)
     return tiles;
 }
 
+std::vector<Tile> indexTiles(const std::vector<IndexEntry>& entries)
+{
+    std::vector<IndexEntry> sorted = entries;
+    std::stable_sort(sorted.begin(), sorted.end(),
+                     [](const IndexEntry& a, const IndexEntry& b) { return a.time < b.time; });
+    if (sorted.size() > size_t(kMaxTiles))
+        usageError(QStringLiteral("sheet: the index holds %1 subpictures; at most %2 tiles (use --every)")
+                       .arg(sorted.size())
+                       .arg(kMaxTiles));
+    std::vector<Tile> tiles;
+    for (const IndexEntry& entry : sorted)
+        tiles.push_back(Tile{entry.time, QStringLiteral("#%1  %2").arg(entry.key).arg(formatTime(entry.time))});
+    return tiles;
+}
+
+std::vector<Tile> indexStepTiles(const std::vector<IndexEntry>& entries, long long every)
+{
+    StoredTimeline timeline;
+    for (const IndexEntry& entry : entries) {
+        StoredEntry stored;
+        stored.key = entry.key;
+        stored.start = stored.end = entry.time;
+        timeline.entries.push_back(stored);
+    }
+    return stepTiles(timeline, every);
+}
+
+// One frame per tile, drawn by the caller; labels and layout are shared.
+struct SheetFrame
+{
+    QImage image;
+    bool shown = false;
+    QString note; // added to the label
+};
+
+// Tiles of frames: frameAt(time) answers each tile's frame.
+template <typename FrameAt>
+int paintSheet(const QString& path, const QString& output, QSize frameSize, const std::vector<Tile>& tiles,
+               int columns, FrameAt frameAt)
+{
+    const int count = int(tiles.size());
+    SheetPainter painter(path, frameSize, count, columns);
+    const bool progress = count > 50;
+    int shown = 0;
+    for (int i = 0; i < count; ++i) {
+        const SheetFrame frame = frameAt(tiles[size_t(i)].time);
+        shown += frame.shown ? 1 : 0;
+        painter.draw(i, frame.image, tiles[size_t(i)].label + frame.note);
+        if (progress && ((i + 1) % 25 == 0 || i + 1 == count))
+            err(QStringLiteral("sheet: %1/%2 tiles\n").arg(i + 1).arg(count));
+    }
+    painter.save(output);
+    out(QStringLiteral("tiles %1\tshown %2\twrote %3\n").arg(count).arg(shown).arg(output));
+    return ExitSuccess;
+}
+
+// A VobSub index: each tile is the index's frame with the packet the index reader
+// cuts at the tile's time, decoded by FFmpeg.
+int sheetOfIndex(const FileFacts& facts, const QString& output, long long every, int columns, RenderStyle style)
+{
+    IndexPictures pictures(facts.path);
+    if (!style.sizeGiven)
+        style.size = pictures.frameSize();
+    const QImage background = makeBackground(style);
+    const std::vector<Tile> tiles =
+        every > 0 ? indexStepTiles(pictures.entries(), every) : indexTiles(pictures.entries());
+    return paintSheet(facts.path, output, style.size, tiles, columns, [&](long long time) {
+        const IndexPicture answer = pictures.at(time);
+        SheetFrame frame;
+        frame.image = frameWithSubpicture(background, answer.subpicture, pictures.frameSize());
+        frame.shown = answer.subpicture.decoded;
+        frame.note = answer.subpicture.decoded
+                         ? QStringLiteral("  %1x%2 at %3,%4")
+                               .arg(answer.subpicture.picture.width())
+                               .arg(answer.subpicture.picture.height())
+                               .arg(answer.subpicture.position.x())
+                               .arg(answer.subpicture.position.y())
+                         : QStringLiteral("  (no picture)");
+        return frame;
+    });
+}
+
 } // namespace
 
 int runSheet(const QStringList& args)
@@ -74,7 +151,9 @@ int runSheet(const QStringList& args)
         QStringLiteral("sheet"),
         QStringLiteral("A contact sheet: one tile per caption (at its middle), or one per step with "
                        "--every, each rendered through ISubTitle as a player does, with its time "
-                       "under it. Progress goes to stderr for long files."));
+                       "under it. Progress goes to stderr for long files. For a VobSub .idx (its "
+                       ".sub beside it): one tile per subpicture, the packet the index reader cuts at "
+                       "its time decoded by FFmpeg on the index's frame, with its size and position."));
     const QCommandLineOption outputOption({QStringLiteral("o"), QStringLiteral("output")},
                                           QStringLiteral("The PNG file to write."),
                                           QStringLiteral("SHEET.png"));
@@ -113,49 +192,20 @@ int runSheet(const QStringList& args)
     const RenderStyle style = styleOptions.read(line.parser(), QStringLiteral("sheet"));
 
     const FileFacts facts = inspectFile(path);
+    if (isIndexPath(facts) && ManagerSession(path).formatCode() == CodeNone)
+        return sheetOfIndex(facts, output, every, columns, style);
     CaptionPlayer player(facts, style);
     const StoredTimeline timeline = readStoredTimeline(path, ManagerSession(path).formatCode());
     const std::vector<Tile> tiles = every > 0 ? stepTiles(timeline, every) : captionTiles(timeline);
-
-    const int tileHeight = std::max(1, style.size.height() * kTileWidth / style.size.width());
-    const int count = int(tiles.size());
-    const int rows = std::max(1, (count + columns - 1) / columns);
-    const int usedColumns = std::max(1, std::min(columns, count));
-    QImage sheet(kMargin + usedColumns * (kTileWidth + kMargin),
-                 kTitleHeight + rows * (tileHeight + kLabelHeight + kMargin) + kMargin,
-                 QImage::Format_ARGB32_Premultiplied);
-    sheet.fill(QColor(32, 32, 32));
-    QPainter painter(&sheet);
-    painter.setRenderHint(QPainter::TextAntialiasing);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.setPen(QColor(230, 230, 230));
-    painter.setFont(QFont(QStringLiteral("DejaVu Sans"), 10));
-    painter.drawText(QRect(kMargin, 0, sheet.width() - 2 * kMargin, kTitleHeight),
-                     Qt::AlignVCenter | Qt::AlignLeft,
-                     QStringLiteral("%1  (%2 tiles)").arg(QFileInfo(path).fileName()).arg(count));
-    painter.setFont(QFont(QStringLiteral("DejaVu Sans"), 8));
-
-    const bool progress = count > 50;
-    int shown = 0;
-    for (int i = 0; i < count; ++i) {
-        const RenderedFrame frame = player.frameAt(tiles[size_t(i)].time);
-        shown += frame.record.shown ? 1 : 0;
-        const int x = kMargin + (i % columns) * (kTileWidth + kMargin);
-        const int y = kTitleHeight + (i / columns) * (tileHeight + kLabelHeight + kMargin);
-        painter.drawImage(QRect(x, y, kTileWidth, tileHeight), frame.image);
-        QString label = tiles[size_t(i)].label;
-        if (!frame.record.shown)
-            label += QStringLiteral("  (nothing shown)");
-        painter.drawText(QRect(x, y + tileHeight, kTileWidth, kLabelHeight), Qt::AlignVCenter | Qt::AlignLeft,
-                         label);
-        if (progress && ((i + 1) % 25 == 0 || i + 1 == count))
-            err(QStringLiteral("sheet: %1/%2 tiles\n").arg(i + 1).arg(count));
-    }
-    painter.end();
-    if (!sheet.save(output, "PNG"))
-        throw ToolError{ExitCannotRead, output + QStringLiteral(": cannot write the image")};
-    out(QStringLiteral("tiles %1\tshown %2\twrote %3\n").arg(count).arg(shown).arg(output));
-    return ExitSuccess;
+    return paintSheet(path, output, style.size, tiles, columns, [&](long long time) {
+        const RenderedFrame rendered = player.frameAt(time);
+        SheetFrame frame;
+        frame.image = rendered.image;
+        frame.shown = rendered.record.shown;
+        if (!rendered.record.shown)
+            frame.note = QStringLiteral("  (nothing shown)");
+        return frame;
+    });
 }
 
 } // namespace zemsub::tool
