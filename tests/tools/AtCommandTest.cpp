@@ -90,15 +90,33 @@ TEST(ZemsubAt, AnEmptyTextIsShownAsEmpty)
 
 TEST(ZemsubAt, IndexAnswersFilePositionsAndTheSubPathItTries)
 {
-    // A timestamp answers within 499 ms of its time.
-    const RunResult result = runZemsub({"at", sample("vobsub.idx"), "1000", "4200", "7001", "7000", "20000"});
+    // Without its .sub: a timestamp answers within 499 ms of its time, and no packet is cut.
+    TempDir dir;
+    QFile index(sample("vobsub.idx"));
+    ASSERT_TRUE(index.open(QIODevice::ReadOnly));
+    const QString alone = qs(dir.write("movie.idx", index.readAll().toStdString()));
+    const RunResult result = runZemsub({"at", alone, "1000", "4200", "7001", "7000", "20000"});
+    EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
+    const QString none = "no packet (sub path \".idxsub\"; no .sub file beside the index)";
+    EXPECT_EQ(answerLines(result), (QStringList{"00:00:01,000\tfilepos 0x0\t" + none,
+                                                "00:00:04,200\tfilepos 0x800\t" + none,
+                                                "00:00:07,001\tfilepos 0x1000\t" + none,
+                                                "00:00:07,000\tfilepos 0x0\t" + none,
+                                                "00:00:20,000\tfilepos 0x0\t" + none}));
+}
+
+TEST(ZemsubAt, IndexReportsTheDecodedPicturesSizeAndPosition)
+{
+    // The .sub beside the index is where the reader finds it. A time with no entry
+    // within 499 ms gives file position 0, so the reader cuts the first packet.
+    const RunResult result = runZemsub({"at", sample("vobsub.idx"), "1000", "4200", "7001", "20000"});
     EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
     EXPECT_EQ(answerLines(result),
-              (QStringList{"00:00:01,000\tfilepos 0x0\tno packet (sub path \".idxsub\")",
-                           "00:00:04,200\tfilepos 0x800\tno packet (sub path \".idxsub\")",
-                           "00:00:07,001\tfilepos 0x1000\tno packet (sub path \".idxsub\")",
-                           "00:00:07,000\tfilepos 0x0\tno packet (sub path \".idxsub\")",
-                           "00:00:20,000\tfilepos 0x0\tno packet (sub path \".idxsub\")"}));
+              (QStringList{
+                  "00:00:01,000\tfilepos 0x0\tpacket of 122 bytes, control at 92\tpicture x=300 y=400 width=96 height=24",
+                  "00:00:04,200\tfilepos 0x800\tpacket of 242 bytes, control at 212\tpicture x=300 y=400 width=120 height=24",
+                  "00:00:07,001\tfilepos 0x1000\tpacket of 3606 bytes, control at 3576\tpicture x=300 y=400 width=200 height=40",
+                  "00:00:20,000\tfilepos 0x0\tpacket of 122 bytes, control at 92\tpicture x=300 y=400 width=96 height=24"}));
 }
 
 // The packet sizes written at each timestamp's position in the sample .sub.
@@ -113,15 +131,19 @@ TEST(ZemsubAt, IndexCutsTheSamplePacketsFromTheSubPathItForms)
 {
     // The .sub path is the text from the first "." of the path, then "sub": for an
     // absolute path whose only dot starts ".idx" that is ".idxsub" in the working folder.
+    // With no .sub beside the index, that is where the packets come from.
     TempDir dir;
+    TempDir work;
     QFile sub(sample("vobsub.sub"));
     ASSERT_TRUE(sub.open(QIODevice::ReadOnly));
     const QByteArray bytes = sub.readAll();
-    dir.write(".idxsub", bytes.toStdString());
-    const QString index = QDir(QStringLiteral(ZEMSUB_SOURCE_DIR)).absoluteFilePath("samples/vobsub.idx");
+    work.write(".idxsub", bytes.toStdString());
+    QFile indexFile(sample("vobsub.idx"));
+    ASSERT_TRUE(indexFile.open(QIODevice::ReadOnly));
+    const QString index = qs(dir.write("movie.idx", indexFile.readAll().toStdString()));
     if (index.indexOf('.') != index.lastIndexOf('.'))
-        GTEST_SKIP() << "the checkout path holds a dot, so the library forms another .sub path";
-    const RunResult result = runZemsub({"at", index, "1000", "4000", "7500"}, qs(dir.path()));
+        GTEST_SKIP() << "the temporary folder's path holds a dot, so the library forms another .sub path";
+    const RunResult result = runZemsub({"at", index, "1000", "4000", "7500"}, qs(work.path()));
     EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
     const QStringList lines = answerLines(result);
     ASSERT_EQ(lines.size(), 3);
@@ -129,6 +151,7 @@ TEST(ZemsubAt, IndexCutsTheSamplePacketsFromTheSubPathItForms)
     for (int i = 0; i < 3; ++i) {
         const int size = writtenPacketSize(bytes, positions[i]);
         EXPECT_TRUE(lines[i].contains(QString("packet of %1 bytes").arg(size))) << lines[i].toStdString();
+        EXPECT_TRUE(lines[i].contains("\tpicture x=300 y=400 width=")) << lines[i].toStdString();
     }
     EXPECT_GT(writtenPacketSize(bytes, 0x1000), 2048); // the third one spans two sectors
 }

@@ -1,7 +1,11 @@
 // zemsub render: the frame a player draws, with the caption where the record says.
 #ifndef ZEMSUB_TOOLS_ABSENT
+#    include "SamplePictures.h"
 #    include "ToolRunner.h"
 #    include "support/TestFiles.h"
+
+#    include <QDir>
+#    include <QFile>
 
 #    include <QImage>
 #    include <gtest/gtest.h>
@@ -170,6 +174,83 @@ TEST(ZemsubRender, WideSampleRenders)
     const Rendered r = render(sample("wide-utf8.srt"), "2000", {"--background", "#204060"});
     EXPECT_EQ(r.run.exitCode, 0);
     expectCaptionAt(pixelsUnlike(r.image, kBackground), recordPoint(r));
+}
+
+// The VobSub sample's subpictures, decoded and laid on the index's 720x480 frame.
+TEST(ZemsubRender, IndexSubpicturesLieOnTheFrameAsTheScriptDrewThem)
+{
+    const ScriptOutput script = runSampleScript();
+    ASSERT_TRUE(script.ran) << script.failure.toStdString();
+    ASSERT_EQ(script.pictures.size(), 3u);
+    for (const DrawnPicture& drawn : script.pictures) {
+        SCOPED_TRACE(drawn.start);
+        const Rendered r = render(sample("vobsub.idx"), QString::number(drawn.start), {"--background", "#204060"});
+        EXPECT_EQ(r.run.exitCode, 0) << r.run.err.toStdString();
+        const QRect box(drawn.position, drawn.image.size());
+        EXPECT_TRUE(r.run.out.contains(QString("\tpicture x=%1 y=%2 width=%3 height=%4\twrote ")
+                                           .arg(box.x())
+                                           .arg(box.y())
+                                           .arg(box.width())
+                                           .arg(box.height())))
+            << r.run.out.toStdString();
+        ASSERT_EQ(r.image.size(), QSize(720, 480));
+        // Nothing outside the subpicture changes; inside, every pixel is the drawn one
+        // (the frame where the drawing is transparent).
+        EXPECT_EQ(pixelsUnlike(r.image, kBackground, 0), box);
+        int differing = 0;
+        for (int y = 0; y < box.height(); ++y) {
+            for (int x = 0; x < box.width(); ++x) {
+                const QRgb want = drawn.image.pixel(x, y);
+                const QRgb expected = qAlpha(want) == 255 ? want : kBackground.rgb();
+                differing += r.image.pixel(box.x() + x, box.y() + y) != expected;
+            }
+        }
+        EXPECT_EQ(differing, 0);
+    }
+}
+
+TEST(ZemsubRender, IndexFrameIsScaledToTheGivenSize)
+{
+    const Rendered r = render(sample("vobsub.idx"), "1000", {"--size", "360x240", "--background", "#204060"});
+    EXPECT_EQ(r.run.exitCode, 0) << r.run.err.toStdString();
+    // The record stays on the index's frame; the picture is drawn at half size.
+    EXPECT_TRUE(r.run.out.contains("\tpicture x=300 y=400 width=96 height=24\t"));
+    EXPECT_EQ(r.image.size(), QSize(360, 240));
+    EXPECT_EQ(pixelsUnlike(r.image, kBackground, 0), QRect(150, 200, 48, 12));
+}
+
+TEST(ZemsubRender, IndexWithoutItsSubOrWithAnUndecodablePacketDrawsThePlainFrame)
+{
+    TempDir dir;
+    QFile index(sample("vobsub.idx"));
+    ASSERT_TRUE(index.open(QIODevice::ReadOnly));
+    const std::string indexBytes = index.readAll().toStdString();
+    QDir(qs(dir.path())).mkpath("alone");
+    const QString alone = qs(dir.write("alone/movie.idx", indexBytes));
+    const Rendered missing = render(alone, "1000", {"--background", "#204060"});
+    EXPECT_EQ(missing.run.exitCode, 0);
+    EXPECT_TRUE(missing.run.out.contains("\tpicture none (no packet: no .sub file beside the index)\t"))
+        << missing.run.out.toStdString();
+    EXPECT_TRUE(pixelsUnlike(missing.image, kBackground, 0).isNull());
+
+    // The first unit's control offset pointed past its end.
+    QFile sub(sample("vobsub.sub"));
+    ASSERT_TRUE(sub.open(QIODevice::ReadOnly));
+    QByteArray bytes = sub.readAll();
+    const int unit = 24 + static_cast<unsigned char>(bytes[22]);
+    bytes[unit + 2] = char(0xFF);
+    bytes[unit + 3] = char(0xF0);
+    QDir(qs(dir.path())).mkpath("damaged");
+    const QString damaged = qs(dir.write("damaged/movie.idx", indexBytes));
+    dir.write("damaged/movie.sub", bytes.toStdString());
+    const Rendered r = render(damaged, "1000", {"--background", "#204060"});
+    EXPECT_EQ(r.run.exitCode, 0);
+    EXPECT_TRUE(r.run.out.contains("\tpicture none (the decoder found no picture in the packet)\t"))
+        << r.run.out.toStdString();
+    EXPECT_TRUE(r.run.err.isEmpty()) << r.run.err.toStdString(); // FFmpeg stays quiet
+    EXPECT_TRUE(pixelsUnlike(r.image, kBackground, 0).isNull());
+    // The second one is untouched.
+    EXPECT_TRUE(render(damaged, "4000", {}).run.out.contains("\tpicture x=300 y=400 width=120 height=24\t"));
 }
 
 } // namespace

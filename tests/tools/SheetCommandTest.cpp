@@ -97,5 +97,24 @@ TEST(ZemsubSheet, TilesShowTheCaptions)
     EXPECT_TRUE(last.isNull());
 }
 
+TEST(ZemsubSheet, OneTilePerSubpictureOfAnIndex)
+{
+    TempDir dir;
+    const QString out = qs(dir.file("vobsub.png"));
+    const RunResult result =
+        runZemsub({"sheet", sample("vobsub.idx"), "-o", out, "--background", "#204060", "--columns", "3"});
+    EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
+    EXPECT_EQ(result.out, QString("tiles 3\tshown 3\twrote %1\n").arg(out));
+    const QImage sheet(out);
+    ASSERT_EQ(sheet.size(), sheetSize(3, 3, QSize(720, 480)));
+    // Each tile shows its subpicture where the index places it: 300,400 of 720x480, scaled to 320 wide.
+    for (int tile = 0; tile < 3; ++tile) {
+        const QRect box = pixelsUnlike(sheet.copy(8 + tile * 328, 28, 320, 213), QColor(0x20, 0x40, 0x60));
+        ASSERT_FALSE(box.isNull()) << tile;
+        EXPECT_NEAR(box.left(), 300 * 320 / 720, 1) << tile;
+        EXPECT_NEAR(box.top(), 400 * 320 / 720, 1) << tile;
+    }
+}
+
 } // namespace
 #endif
