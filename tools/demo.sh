@@ -66,18 +66,13 @@ for sample in samples/film.srt samples/styled.ass samples/classic.ssa samples/wi
   echo
 done
 
-section "The VobSub pair, read by the index reader"
+section "The VobSub pair: packets cut by the index reader, decoded by FFmpeg"
 z info samples/vobsub.idx
 z dump samples/vobsub.idx
-# The index reader opens the text from the first "." of the path plus "sub": for an
-# absolute path whose only dot is the extension's, that is ".idxsub" in the working folder.
-if [[ $root == *.* ]]; then
-  echo "(the checkout path $root holds a \".\", so the index reader looks for another .sub path; packets skipped)"
-else
-  mkdir -p "$out/vobsub"
-  cp samples/vobsub.sub "$out/vobsub/.idxsub"
-  (cd "$out/vobsub" && z at "$root/samples/vobsub.idx" 1000 4000 7500)
-fi
+# zemsub puts the .sub beside the index where the index reader looks for it.
+z at samples/vobsub.idx 1000 4000 7500
+z render samples/vobsub.idx 7500 -o "out/vobsub-7.5s.png"
+z sheet samples/vobsub.idx --columns 3 -o "out/vobsub-sheet.png"
 
 if [[ -x $host ]]; then
   section "The example host: three seconds of play over a synthetic video"
