@@ -23,9 +23,12 @@ QString subFileBeside(const QString& indexPath)
 
 SubPathArrangement::SubPathArrangement(const QString& formedPath, const QString& subFile)
 {
-    if (subFile.isEmpty() || formedPath.isEmpty() || !m_folder.isValid())
+    if (subFile.isEmpty() || formedPath.isEmpty())
         return;
-    const QString root = QDir(m_folder.path()).canonicalPath();
+    m_folder = std::make_unique<QTemporaryDir>();
+    if (!m_folder->isValid())
+        return;
+    const QString root = QDir(m_folder->path()).canonicalPath();
     const QString target = QDir::cleanPath(root + QLatin1Char('/') + formedPath);
     if (!target.startsWith(root + QLatin1Char('/')))
         return;

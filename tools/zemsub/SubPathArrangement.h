@@ -5,6 +5,8 @@
 #include <QString>
 #include <QTemporaryDir>
 
+#include <memory>
+
 namespace zemsub::tool {
 
 // The .sub file as users keep it beside its index: "movie.sub" (or "movie.SUB")
@@ -27,7 +29,7 @@ public:
     template <typename LookUp>
     auto run(LookUp lookUp) const
     {
-        const Visit visit(m_ready ? m_folder.path() : QString());
+        const Visit visit(m_ready ? m_folder->path() : QString());
         return lookUp();
     }
 
@@ -45,7 +47,7 @@ private:
         QString m_previous;
     };
 
-    QTemporaryDir m_folder;
+    std::unique_ptr<QTemporaryDir> m_folder;
     bool m_ready = false;
 };
 
