@@ -96,6 +96,7 @@ WrittenFile readWrittenFile(const QByteArray& bytes, const QString& fileName, co
     }
     file.read = true;
     file.refusedEvents = events.failedPackets;
+    file.pictures = events.pictures;
     file.kind = kindOf(events.format);
 
     std::vector<WrittenBlock> lines;

@@ -60,11 +60,9 @@ void addEvents(const AVSubtitle& subtitle, const AVPacket& packet, AVRational ti
         return;
     SubtitleEvent event;
     const long long pts = packet.pts != AV_NOPTS_VALUE ? packet.pts : 0;
-    event.start = toMilliseconds(pts, timeBase) + subtitle.start_display_time;
-    if (packet.duration > 0)
-        event.end = toMilliseconds(pts + packet.duration, timeBase);
-    else
-        event.end = toMilliseconds(pts, timeBase) + subtitle.end_display_time;
+    event.start = toMilliseconds(pts, timeBase);
+    // An end before the start (a negative duration) shows nothing: the event ends where it starts.
+    event.end = packet.duration > 0 ? toMilliseconds(pts + packet.duration, timeBase) : event.start;
     event.position = packet.pos;
     event.assLine = lines.join(QLatin1Char('\n'));
     events.push_back(event);
@@ -123,6 +121,12 @@ SubtitleEvents readSubtitleEvents(const QByteArray& bytes, const QString& fileNa
         return result;
     }
     result.codec = QString::fromUtf8(decoder->name);
+    const AVCodecDescriptor* descriptor = avcodec_descriptor_get(decoder->id);
+    if (descriptor && (descriptor->props & AV_CODEC_PROP_BITMAP_SUB)) {
+        result.pictures = true;
+        result.read = true;
+        return result;
+    }
 
     const std::unique_ptr<AVPacket, PacketFreer> packet(av_packet_alloc());
     if (!packet) {

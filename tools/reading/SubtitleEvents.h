@@ -25,6 +25,7 @@ struct SubtitleEvents
     QString format;       // the demuxer's name: "srt", "ass", "webvtt", "microdvd", ...
     QString formatTitle;  // its long name
     QString codec;        // the decoder's name
+    bool pictures = false; // the decoder draws pictures (VobSub, PGS, ...): no events are read
     int failedPackets = 0; // packets the decoder refused (invalid text in the encoding, ...)
     std::vector<SubtitleEvent> events; // in FFmpeg's order (by start time, then file position)
 };
