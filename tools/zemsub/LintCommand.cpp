@@ -20,9 +20,6 @@ namespace {
 // The file as an FFmpeg-based player reads it; exit 1 naming the file when it cannot be read.
 WrittenFile readWrittenSide(const QString& path, const QString& encoding)
 {
-    const FileFacts facts = inspectFile(path);
-    if (isIndexPath(facts))
-        fileError(path, QStringLiteral("cannot lint: lint reads text subtitles, and this is a VobSub index"));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         fileError(path, QStringLiteral("cannot open: %1").arg(file.errorString()));
@@ -79,8 +76,11 @@ int runLint(const QStringList& args)
         return ExitSuccess;
     const QString path = line.positionals(1, 1).first();
 
-    const WrittenFile written = readWrittenSide(path, line.parser().value(encodingOption));
+    if (isIndexPath(inspectFile(path)))
+        fileError(path, QStringLiteral("cannot lint: lint reads text subtitles, and this is a VobSub index"));
+    // The library first: its own failures (the wide script reader's thrown int) are reported as such.
     ManagerSession session(path);
+    const WrittenFile written = readWrittenSide(path, line.parser().value(encodingOption));
     const LibrarySide library = readLibrarySide(path, session);
     const std::vector<Probe> probes = probeLibrary(written, session);
 
