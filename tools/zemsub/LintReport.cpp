@@ -97,6 +97,14 @@ void printLintJson(const LintReport& report)
              {"value", value.value.toStdString()},
              {"cause", {{"code", hexCause.code.toStdString()}, {"text", hexCause.text.toStdString()}}}});
     }
+    nlohmann::ordered_json blocks = nlohmann::ordered_json::array();
+    for (const WrittenBlock& block : written.blocks) {
+        blocks.push_back({{"caption", block.index},
+                          {"line", block.line},
+                          {"start", block.start},
+                          {"end", block.end},
+                          {"text", block.text.toStdString()}});
+    }
     const nlohmann::ordered_json doc = {{"file", report.path.toStdString()},
                                         {"kind", kindCode(written.kind)},
                                         {"ffmpegFormat", written.format.toStdString()},
@@ -110,7 +118,8 @@ void printLintJson(const LintReport& report)
                                         {"refusedEvents", written.refusedEvents},
                                         {"asWritten", report.findings.empty()},
                                         {"findings", items},
-                                        {"notes", notes}};
+                                        {"notes", notes},
+                                        {"written", blocks}};
     out(QString::fromStdString(doc.dump(2)) + QLatin1Char('\n'));
 }
 
