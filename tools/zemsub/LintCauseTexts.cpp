@@ -16,7 +16,8 @@ Cause describeCause(CauseId id, const WrittenFile& file, const LibrarySide& libr
     case CauseId::OpenRefused:
         return {id, QStringLiteral("open-refused"),
                 QStringLiteral(
-                    "the reader's Open answered false (a file of more than 20000 lines does not open)")};
+                    "the reader's Open answered false (a file of more than %1 lines does not open)")
+                    .arg(readerLineLimit(library.formatCode))};
     case CauseId::Utf16:
         return {id, QStringLiteral("utf16"),
                 QStringLiteral(
