@@ -448,6 +448,11 @@ TEST(ZemsubLint, WhatIsNeitherSubRipNorAScriptCannotBeLinted)
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_TRUE(result.err.contains("cannot lint"));
     EXPECT_EQ(lint(sample("vobsub.idx")).exitCode, 1);
+    // FFmpeg reads the VobSub packets, as pictures.
+    const Lint pictures = lint(sample("vobsub.sub"));
+    EXPECT_EQ(pictures.exitCode, 1);
+    EXPECT_TRUE(pictures.err.contains("vobsub.sub: cannot lint: FFmpeg reads it as ")) << pictures.err.toStdString();
+    EXPECT_TRUE(pictures.err.contains("drawn as pictures")) << pictures.err.toStdString();
 }
 
 } // namespace

@@ -93,6 +93,9 @@ SubtitleEvents readSubtitleEvents(const QByteArray& bytes, const QString& fileNa
     result.format = QString::fromUtf8(format->iformat->name);
     result.formatTitle = QString::fromUtf8(format->iformat->long_name ? format->iformat->long_name : "");
 
+    // Formats without a header (MPEG-PS, ...) make their streams as packets come.
+    if (format->nb_streams == 0)
+        avformat_find_stream_info(format.get(), nullptr);
     const AVCodec* decoder = nullptr;
     const int stream = av_find_best_stream(format.get(), AVMEDIA_TYPE_SUBTITLE, -1, -1, &decoder, 0);
     if (stream < 0 || !decoder) {
