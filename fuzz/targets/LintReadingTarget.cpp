@@ -29,8 +29,8 @@ int fuzz_lint_reading(const uint8_t* data, size_t size)
     const uint8_t selector = size > 0 ? data[0] : 0;
     const QString name = QString::fromLatin1(kNames[selector % 6]);
     const QString encoding = QString::fromLatin1(kEncodings[(selector / 6) % 8]);
-    const QByteArray bytes = size > 1 ? QByteArray(reinterpret_cast<const char*>(data + 1), int(size - 1))
-                                      : QByteArray();
+    const QByteArray bytes =
+        size > 1 ? QByteArray(reinterpret_cast<const char*>(data + 1), int(size - 1)) : QByteArray();
 
     const auto started = std::chrono::steady_clock::now();
     const WrittenFile file = readWrittenFile(bytes, name, encoding);

@@ -97,7 +97,8 @@ TEST(ZemsubLint, Utf8TextBehindFfFeIsNotReadByFfmpeg)
     // FFmpeg takes FF FE for UTF-16 and finds no subtitles in what that makes of UTF-8.
     const Lint result = lint(sample("wide-utf8.srt"));
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_TRUE(result.err.contains("wide-utf8.srt: cannot lint: FFmpeg cannot read it: ")) << result.err.toStdString();
+    EXPECT_TRUE(result.err.contains("wide-utf8.srt: cannot lint: FFmpeg cannot read it: "))
+        << result.err.toStdString();
 }
 
 TEST(ZemsubLint, ScriptEndingInAnEmptyDialogueLineShowsAsWritten)
@@ -451,7 +452,8 @@ TEST(ZemsubLint, WhatIsNeitherSubRipNorAScriptCannotBeLinted)
     // FFmpeg reads the VobSub packets, as pictures.
     const Lint pictures = lint(sample("vobsub.sub"));
     EXPECT_EQ(pictures.exitCode, 1);
-    EXPECT_TRUE(pictures.err.contains("vobsub.sub: cannot lint: FFmpeg reads it as ")) << pictures.err.toStdString();
+    EXPECT_TRUE(pictures.err.contains("vobsub.sub: cannot lint: FFmpeg reads it as "))
+        << pictures.err.toStdString();
     EXPECT_TRUE(pictures.err.contains("drawn as pictures")) << pictures.err.toStdString();
 }
 

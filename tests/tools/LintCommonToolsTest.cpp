@@ -96,9 +96,10 @@ TEST(ZemsubLintCommonTools, Utf16WithItsMarkAndCrLfAsWindowsEditorsSaveUnicode)
 TEST(ZemsubLintCommonTools, Windows1252WithCrLfAsOlderEditorsSaveAnsi)
 {
     // E9 "é", 92 a right single quotation mark, 85 an ellipsis: Windows-1252, not Latin-1.
-    const std::string ansi = "1\n00:00:01,000 --> 00:00:03,000\nC\x92\x65st l\x92\xE9t\xE9\x85\n\n"
-                             "2\n00:00:03,500 --> 00:00:06,000\nIl fait d\xE9j\xE0 chaud, n\x92\x65st-ce pas\x85\n\n"
-                             "3\n00:00:06,500 --> 00:00:09,000\nL\x92\x65nfant s\x92\x65st endormi.\n\n";
+    const std::string ansi =
+        "1\n00:00:01,000 --> 00:00:03,000\nC\x92\x65st l\x92\xE9t\xE9\x85\n\n"
+        "2\n00:00:03,500 --> 00:00:06,000\nIl fait d\xE9j\xE0 chaud, n\x92\x65st-ce pas\x85\n\n"
+        "3\n00:00:06,500 --> 00:00:09,000\nL\x92\x65nfant s\x92\x65st endormi.\n\n";
     TempDir dir;
     const nlohmann::json report = lintJson(dir.write("ansi.srt", withCrLf(ansi)), 3);
     EXPECT_EQ(report["encoding"], "WINDOWS-1252");
@@ -118,7 +119,9 @@ TEST(ZemsubLintCommonTools, Utf8WithItsMarkAsScriptEditorsSave)
         "[V4+ Styles]\nFormat: Name, Fontname, Fontsize, PrimaryColour, SecondaryColour, OutlineColour, "
         "BackColour, Bold, Italic, Underline, StrikeOut, ScaleX, ScaleY, Spacing, Angle, BorderStyle, "
         "Outline, Shadow, Alignment, MarginL, MarginR, MarginV, Encoding\n"
-        "Style: Default,Arial,48,&H00FFFFFF,&H000000FF,&H00000000,&H00000000,0,0,0,0,100,100,0,0,1,2,2,2,10,10,10,1\n\n"
+        "Style: "
+        "Default,Arial,48,&H00FFFFFF,&H000000FF,&H00000000,&H00000000,0,0,0,0,100,100,0,0,1,2,2,2,10,10,10,"
+        "1\n\n"
         "[Events]\nFormat: Layer, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text\n"
         "Dialogue: 0,0:00:01.00,0:00:03.00,Default,,0,0,0,,Grüß dich, {\\i1}Jürgen{\\i0}!\n"
         "Dialogue: 0,0:00:03.50,0:00:06.00,Default,,0,0,0,,Schön, dich zu sehen.\\NWie geht’s?\n"
@@ -148,8 +151,9 @@ TEST(ZemsubLintCommonTools, WebVttAsBrowsersAndStreamingSitesServeIt)
     EXPECT_EQ(report["kind"], "other");
     EXPECT_EQ(report["ffmpegFormat"], "webvtt");
     EXPECT_EQ(report["formatCode"], 0);
-    expectWritten(report,
-                  {{1000, 3000, "Hello there."}, {3500, 6000, "Two lines,\nas written."}, {6500, 9000, "Fish & chips"}});
+    expectWritten(report, {{1000, 3000, "Hello there."},
+                           {3500, 6000, "Two lines,\nas written."},
+                           {6500, 9000, "Fish & chips"}});
     for (const std::string& code : causeCodes(report))
         EXPECT_EQ(code, "extension");
 }
@@ -165,7 +169,8 @@ TEST(ZemsubLintCommonTools, WebVttUnderASubRipNameIsReadAsWebVtt)
     ASSERT_FALSE(report["findings"].empty());
     const std::vector<std::string> codes = causeCodes(report);
     EXPECT_NE(std::find(codes.begin(), codes.end(), "other-format"), codes.end());
-    EXPECT_NE(report["findings"][0]["causes"][0]["text"].get<std::string>().find("WebVTT"), std::string::npos);
+    EXPECT_NE(report["findings"][0]["causes"][0]["text"].get<std::string>().find("WebVTT"),
+              std::string::npos);
 }
 
 TEST(ZemsubLintCommonTools, ForcedEncodingIsHandedToFfmpeg)
@@ -173,13 +178,15 @@ TEST(ZemsubLintCommonTools, ForcedEncodingIsHandedToFfmpeg)
     TempDir dir;
     const std::string path = dir.write("greek.srt", "1\n00:00:01,000 --> 00:00:02,000\n\xE1\xE2\xE3\n\n"
                                                     "2\n00:00:03,000 --> 00:00:04,000\nB\n");
-    const RunResult result = runZemsub({"lint", "--json", "--encoding", "ISO-8859-7", QString::fromStdString(path)});
+    const RunResult result =
+        runZemsub({"lint", "--json", "--encoding", "ISO-8859-7", QString::fromStdString(path)});
     ASSERT_EQ(result.exitCode, 3) << result.err.toStdString();
     const nlohmann::json report = nlohmann::json::parse(result.out.toStdString());
     EXPECT_EQ(report["encoding"], "ISO-8859-7");
     EXPECT_EQ(report["encodingForced"], true);
     EXPECT_EQ(report["written"][0]["text"], "αβγ");
-    const RunResult unknown = runZemsub({"lint", "--encoding", "NO-SUCH-ENCODING", QString::fromStdString(path)});
+    const RunResult unknown =
+        runZemsub({"lint", "--encoding", "NO-SUCH-ENCODING", QString::fromStdString(path)});
     EXPECT_EQ(unknown.exitCode, 1);
     EXPECT_TRUE(unknown.err.contains("greek.srt: cannot lint: ")) << unknown.err.toStdString();
 }

@@ -73,9 +73,10 @@ TEST(ZemsubReadWrittenFile, CrLfAndTheUtf8MarkAreSeenAndTolerated)
 
 TEST(ZemsubReadWrittenFile, MarkupGoesAsFfmpegTurnsItIntoOverrideBlocks)
 {
-    const WrittenFile file = read("1\n00:00:01,500 --> 00:00:02,250\n<i>Hi</i> <font color=\"red\">there</font>\n"
-                                  "{\\an8}Top\n\n2\n00:00:03,000 --> 00:00:04,000\na < b > c\n",
-                                  "markup.srt");
+    const WrittenFile file =
+        read("1\n00:00:01,500 --> 00:00:02,250\n<i>Hi</i> <font color=\"red\">there</font>\n"
+             "{\\an8}Top\n\n2\n00:00:03,000 --> 00:00:04,000\na < b > c\n",
+             "markup.srt");
     ASSERT_EQ(file.blocks.size(), 2u);
     EXPECT_EQ(file.blocks[0].text, "Hi there\nTop");
     EXPECT_EQ(file.blocks[0].rawLines.first(), "<i>Hi</i> <font color=\"red\">there</font>");
@@ -86,9 +87,9 @@ TEST(ZemsubReadWrittenFile, MarkupGoesAsFfmpegTurnsItIntoOverrideBlocks)
 
 TEST(ZemsubReadWrittenFile, Utf16BehindItsMarkIsConvertedByFfmpeg)
 {
-    const WrittenFile file =
-        read(utf16le("1\n00:00:01,000 --> 00:00:02,000\nTr\xC3\xA8s\n\n2\n00:00:03,000 --> 00:00:04,000\nB\n"),
-             "wide.srt");
+    const WrittenFile file = read(
+        utf16le("1\n00:00:01,000 --> 00:00:02,000\nTr\xC3\xA8s\n\n2\n00:00:03,000 --> 00:00:04,000\nB\n"),
+        "wide.srt");
     ASSERT_TRUE(file.read);
     EXPECT_TRUE(file.ffFeMark);
     EXPECT_TRUE(file.utf16);

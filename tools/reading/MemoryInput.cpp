@@ -22,8 +22,8 @@ MemoryInput::MemoryInput(const QByteArray& bytes) : m_bytes(bytes)
     auto* buffer = static_cast<unsigned char*>(av_malloc(kBufferSize));
     if (!buffer)
         return;
-    m_context = avio_alloc_context(buffer, kBufferSize, 0, this, &MemoryInput::read, nullptr,
-                                   &MemoryInput::seek);
+    m_context =
+        avio_alloc_context(buffer, kBufferSize, 0, this, &MemoryInput::read, nullptr, &MemoryInput::seek);
     if (!m_context)
         av_free(buffer);
 }

@@ -10,7 +10,9 @@ namespace zemsub::tool {
 
 namespace {
 
-void discard(void*, int, const char*, va_list) {}
+void discard(void*, int, const char*, va_list)
+{
+}
 
 } // namespace
 

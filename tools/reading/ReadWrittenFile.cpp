@@ -63,9 +63,10 @@ void joinEvents(const SubtitleEvents& events, const std::vector<WrittenBlock>& s
         file.blocks.push_back(block);
     }
     // File order; events without their lines last, in FFmpeg's order.
-    std::stable_sort(file.blocks.begin(), file.blocks.end(), [](const WrittenBlock& a, const WrittenBlock& b) {
-        return (a.sourceFound ? a.line : INT_MAX) < (b.sourceFound ? b.line : INT_MAX);
-    });
+    std::stable_sort(file.blocks.begin(), file.blocks.end(),
+                     [](const WrittenBlock& a, const WrittenBlock& b) {
+                         return (a.sourceFound ? a.line : INT_MAX) < (b.sourceFound ? b.line : INT_MAX);
+                     });
     for (int i = 0; i < int(file.blocks.size()); ++i)
         file.blocks[size_t(i)].index = i + 1;
 }

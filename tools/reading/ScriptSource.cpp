@@ -57,8 +57,9 @@ void readStyle(const QString& value, int lineNumber, const ScriptState& state, W
             continue;
         const QString name =
             f < int(state.styleFormat.size()) ? state.styleFormat[f] : QStringLiteral("field %1").arg(f + 1);
-        file.hexValues.push_back(HexValue{
-            lineNumber, QStringLiteral("Style %1, %2").arg(fields.value(0).trimmed(), name), fields[f].trimmed()});
+        file.hexValues.push_back(HexValue{lineNumber,
+                                          QStringLiteral("Style %1, %2").arg(fields.value(0).trimmed(), name),
+                                          fields[f].trimmed()});
     }
 }
 
@@ -85,8 +86,8 @@ WrittenBlock readDialogue(const QString& value, int lineNumber, const ScriptStat
         block.rawLines = QStringList{fields[textField]};
     for (int f = 0; f < before; ++f) {
         if (f != startField && f != endField && startsWithHex(fields[f]))
-            file.hexValues.push_back(
-                HexValue{lineNumber, QStringLiteral("Dialogue, %1").arg(format.value(f)), fields[f].trimmed()});
+            file.hexValues.push_back(HexValue{lineNumber, QStringLiteral("Dialogue, %1").arg(format.value(f)),
+                                              fields[f].trimmed()});
     }
     return block;
 }

@@ -14,19 +14,19 @@ struct SubtitleEvent
     long long start = 0;     // milliseconds
     long long end = 0;       // milliseconds
     long long position = -1; // byte offset of its packet in the file; -1 when unknown
-    QString assLine;         // the decoded event: ReadOrder,Layer,Style,Name,MarginL,MarginR,MarginV,Effect,Text
+    QString assLine; // the decoded event: ReadOrder,Layer,Style,Name,MarginL,MarginR,MarginV,Effect,Text
 };
 
 // A file demuxed by libavformat and its first subtitle stream decoded by libavcodec.
 struct SubtitleEvents
 {
-    bool read = false;    // false: failure says why
-    QString failure;      // FFmpeg's reason, in its words
-    QString format;       // the demuxer's name: "srt", "ass", "webvtt", "microdvd", ...
-    QString formatTitle;  // its long name
-    QString codec;        // the decoder's name
-    bool pictures = false; // the decoder draws pictures (VobSub, PGS, ...): no events are read
-    int failedPackets = 0; // packets the decoder refused (invalid text in the encoding, ...)
+    bool read = false;                 // false: failure says why
+    QString failure;                   // FFmpeg's reason, in its words
+    QString format;                    // the demuxer's name: "srt", "ass", "webvtt", "microdvd", ...
+    QString formatTitle;               // its long name
+    QString codec;                     // the decoder's name
+    bool pictures = false;             // the decoder draws pictures (VobSub, PGS, ...): no events are read
+    int failedPackets = 0;             // packets the decoder refused (invalid text in the encoding, ...)
     std::vector<SubtitleEvent> events; // in FFmpeg's order (by start time, then file position)
 };
 

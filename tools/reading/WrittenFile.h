@@ -26,9 +26,9 @@ struct WrittenBlock
     int line = 0;        // 1-based line of its first line (number line or Dialogue line); 0 when not found
     long long start = 0; // milliseconds, FFmpeg's
     long long end = 0;
-    QString text; // what a player shows, lines joined by "\n" (FFmpeg's event, override blocks removed)
+    QString text;  // what a player shows, lines joined by "\n" (FFmpeg's event, override blocks removed)
     QString event; // FFmpeg's decoded event: ReadOrder,Layer,Style,Name,MarginL,MarginR,MarginV,Effect,Text
-    long long position = -1; // FFmpeg's byte offset of the event's packet; -1 when unknown
+    long long position = -1;  // FFmpeg's byte offset of the event's packet; -1 when unknown
     bool sourceFound = false; // the lines below were found in the file for this event
 
     // The lines as they stand in the file.
@@ -54,20 +54,20 @@ struct HexValue
 struct WrittenFile
 {
     WrittenKind kind = WrittenKind::Unknown;
-    bool read = false;    // FFmpeg read the file; false: failure says why
-    QString failure;      // FFmpeg's reason, when not read
-    QString format;       // FFmpeg's demuxer: "srt", "ass", "webvtt", ...
-    QString formatTitle;  // its long name: "SubRip subtitle", ...
+    bool read = false;     // FFmpeg read the file; false: failure says why
+    QString failure;       // FFmpeg's reason, when not read
+    QString format;        // FFmpeg's demuxer: "srt", "ass", "webvtt", ...
+    QString formatTitle;   // its long name: "SubRip subtitle", ...
     int refusedEvents = 0; // events FFmpeg's decoder refused (text invalid in the encoding, ...)
     bool pictures = false; // FFmpeg reads subtitles drawn as pictures (VobSub, PGS, ...): no blocks
 
-    QString encoding;            // "UTF-8", "UTF-16LE", "WINDOWS-1252", ...
-    bool encodingForced = false; // named with --encoding
+    QString encoding;             // "UTF-8", "UTF-16LE", "WINDOWS-1252", ...
+    bool encodingForced = false;  // named with --encoding
     bool encodingGuessed = false; // uchardet's guess
-    bool utf8Mark = false;       // begins with EF BB BF
-    bool ffFeMark = false;       // begins with FF FE
-    bool utf16 = false;          // UTF-16 text behind the mark
-    bool crlf = false;           // a line ends in CR LF
+    bool utf8Mark = false;        // begins with EF BB BF
+    bool ffFeMark = false;        // begins with FF FE
+    bool utf16 = false;           // UTF-16 text behind the mark
+    bool crlf = false;            // a line ends in CR LF
     int lineCount = 0;
     std::vector<WrittenBlock> blocks;
 

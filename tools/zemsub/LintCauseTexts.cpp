@@ -14,10 +14,10 @@ Cause describeCause(CauseId id, const WrittenFile& file, const LibrarySide& libr
                     "the manager chooses a reader by the text after the last \".\" (srt, ass or ssa in any "
                     "case) and refuses every other file")};
     case CauseId::OpenRefused:
-        return {id, QStringLiteral("open-refused"),
-                QStringLiteral(
-                    "the reader's Open answered false (a file of more than %1 lines does not open)")
-                    .arg(readerLineLimit(library.formatCode))};
+        return {
+            id, QStringLiteral("open-refused"),
+            QStringLiteral("the reader's Open answered false (a file of more than %1 lines does not open)")
+                .arg(readerLineLimit(library.formatCode))};
     case CauseId::Utf16:
         return {id, QStringLiteral("utf16"),
                 QStringLiteral(

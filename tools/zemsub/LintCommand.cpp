@@ -67,11 +67,12 @@ int runLint(const QStringList& args)
                        "3 when it does not."));
     const QCommandLineOption jsonOption(QStringLiteral("json"), QStringLiteral("Write JSON."));
     const QCommandLineOption encodingOption(
-        QStringLiteral("encoding"), QStringLiteral("Read the text as NAME (an iconv name) instead of guessing."),
-        QStringLiteral("NAME"));
+        QStringLiteral("encoding"),
+        QStringLiteral("Read the text as NAME (an iconv name) instead of guessing."), QStringLiteral("NAME"));
     line.parser().addOption(jsonOption);
     line.parser().addOption(encodingOption);
-    line.addPositional(QStringLiteral("file"), QStringLiteral("A subtitle file (SubRip, ASS/SSA, WebVTT, ...)."));
+    line.addPositional(QStringLiteral("file"),
+                       QStringLiteral("A subtitle file (SubRip, ASS/SSA, WebVTT, ...)."));
     if (!line.parse(args))
         return ExitSuccess;
     const QString path = line.positionals(1, 1).first();

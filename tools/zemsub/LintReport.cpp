@@ -59,11 +59,12 @@ nlohmann::ordered_json findingJson(const LintReport& report, const Finding& find
     const WrittenBlock& block = report.written->blocks[size_t(finding.block)];
     nlohmann::ordered_json probes = nlohmann::ordered_json::array();
     for (const Probe* probe : finding.probes) {
-        probes.push_back({{"kind", probeKindName(probe->kind).toStdString()},
-                          {"time", probe->time},
-                          {"answer", optionalText(probe->answer)},
-                          {"shown", optionalText(probe->drawn.isNull() ? QString() : drawnText(probe->drawn))},
-                          {"asWritten", probe->asWritten}});
+        probes.push_back(
+            {{"kind", probeKindName(probe->kind).toStdString()},
+             {"time", probe->time},
+             {"answer", optionalText(probe->answer)},
+             {"shown", optionalText(probe->drawn.isNull() ? QString() : drawnText(probe->drawn))},
+             {"asWritten", probe->asWritten}});
     }
     nlohmann::ordered_json causes = nlohmann::ordered_json::array();
     for (CauseId id : finding.causes) {
@@ -161,7 +162,9 @@ void printLintText(const LintReport& report)
                     .arg(written.utf16 ? QStringLiteral("UTF-8 (after its UTF-16 conversion)")
                                        : written.encoding));
         for (const HexValue& value : written.hexValues)
-            out(QStringLiteral("  line %1: %2 is written \"%3\"\n").arg(value.line).arg(value.where, value.value));
+            out(QStringLiteral("  line %1: %2 is written \"%3\"\n")
+                    .arg(value.line)
+                    .arg(value.where, value.value));
         if (!written.hexValues.empty()) {
             const Cause hexCause = describeCause(CauseId::HexValue, written, library);
             out(QStringLiteral("  cause %1: %2\n").arg(hexCause.code, hexCause.text));
