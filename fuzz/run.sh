@@ -27,7 +27,7 @@ dict_for() {
     ass_parser*) echo "$root/fuzz/dict/ass.dict" ;;
     idx_parser*) echo "$root/fuzz/dict/idx.dict" ;;
     ssa_tags) echo "$root/fuzz/dict/ssa_tags.dict" ;;
-    manager)
+    manager|lint_reading)
       cat "$root/fuzz/dict/srt.dict" "$root/fuzz/dict/ass.dict" > "$work/manager.dict"
       echo "$work/manager.dict" ;;
     *) echo "" ;;
@@ -35,7 +35,8 @@ dict_for() {
 }
 
 # Copies the samples that suit a target into dir (the manager's inputs start
-# with the byte that picks the file name: 0x00 ".srt", 0x33 ".ass", 0x44 ".ssa").
+# with the byte that picks the file name: 0x00 ".srt", 0x33 ".ass", 0x44 ".ssa"; lint_reading's
+# with 0x00 ".srt", 0x01 ".ass", 0x02 ".ssa", no encoding forced).
 sample_seeds() {
   local t=$1 dir=$2 f
   mkdir -p "$dir"
@@ -48,6 +49,9 @@ sample_seeds() {
       manager:*.srt) { printf '\x00'; cat "$f"; } > "$dir/$(basename "$f")" ;;
       manager:*.ass) { printf '\x33'; cat "$f"; } > "$dir/$(basename "$f")" ;;
       manager:*.ssa) { printf '\x44'; cat "$f"; } > "$dir/$(basename "$f")" ;;
+      lint_reading:*.srt) { printf '\x00'; cat "$f"; } > "$dir/$(basename "$f")" ;;
+      lint_reading:*.ass) { printf '\x01'; cat "$f"; } > "$dir/$(basename "$f")" ;;
+      lint_reading:*.ssa) { printf '\x02'; cat "$f"; } > "$dir/$(basename "$f")" ;;
     esac
   done
 }

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "ISubTitle.h"
+#include "manager/detail/FormatCodes.h"
 #include "parsers/IParser.h"
 #include "parsers/xcAssParser.h"
 #include "parsers/xcAssParserU.h"
@@ -13,13 +14,7 @@
 
 namespace {
 
-enum FormatCode {
-    kNone = 0,
-    kSrt = 1,
-    kAss = 2,
-    kSrtWide = 4,
-    kAssWide = 5,
-};
+using namespace zemsub::detail;
 
 // The UTF-16 little-endian byte-order mark; no other mark makes a file wide.
 bool isWideMark(const unsigned char bytes[2])
@@ -30,8 +25,8 @@ bool isWideMark(const unsigned char bytes[2])
 } // namespace
 
 xcSubtitleManager::xcSubtitleManager()
-    : m_formatCode(kNone), m_reserved(false), m_wide(false), m_reservedParser(nullptr), m_assParser(nullptr),
-      m_srtParser(nullptr), m_assParserU(nullptr), m_srtParserU(nullptr)
+    : m_formatCode(kFormatNone), m_reserved(false), m_wide(false), m_reservedParser(nullptr),
+      m_assParser(nullptr), m_srtParser(nullptr), m_assParserU(nullptr), m_srtParserU(nullptr)
 {
     m_srtParser = new xcSrtParser();
     m_assParser = new xcAssParser();
@@ -54,10 +49,10 @@ xcSubtitleManager::~xcSubtitleManager()
 void xcSubtitleManager::RegisterParsers()
 {
     m_registry.clear();
-    m_registry[kSrt] = m_srtParser;
-    m_registry[kAss] = m_assParser;
-    m_registry[kSrtWide] = m_srtParserU;
-    m_registry[kAssWide] = m_assParserU;
+    m_registry[kFormatSrt] = m_srtParser;
+    m_registry[kFormatAss] = m_assParser;
+    m_registry[kFormatSrtWide] = m_srtParserU;
+    m_registry[kFormatAssWide] = m_assParserU;
 }
 
 IParser* xcSubtitleManager::ChosenParser()
@@ -68,7 +63,7 @@ IParser* xcSubtitleManager::ChosenParser()
 bool xcSubtitleManager::Open(const char* path)
 {
     RegisterParsers();
-    m_formatCode = kNone;
+    m_formatCode = kFormatNone;
     if (!path || path[0] == '\0')
         return false;
 
@@ -88,9 +83,9 @@ bool xcSubtitleManager::Open(const char* path)
         return false;
     const xcString extension(dot + 1);
     if (xcString::isEqualNoCase(extension, "srt"))
-        m_formatCode = m_wide ? kSrtWide : kSrt;
+        m_formatCode = m_wide ? kFormatSrtWide : kFormatSrt;
     else if (xcString::isEqualNoCase(extension, "ass") || xcString::isEqualNoCase(extension, "ssa"))
-        m_formatCode = m_wide ? kAssWide : kAss;
+        m_formatCode = m_wide ? kFormatAssWide : kFormatAss;
     else
         return false;
 
@@ -99,21 +94,21 @@ bool xcSubtitleManager::Open(const char* path)
 
 bool xcSubtitleManager::IsOpen()
 {
-    if (m_formatCode == kNone)
+    if (m_formatCode == kFormatNone)
         return false;
     return ChosenParser()->IsOpen();
 }
 
 const char* xcSubtitleManager::GetSubTitle(long long timeMs)
 {
-    if (m_formatCode == kNone)
+    if (m_formatCode == kFormatNone)
         return nullptr;
     return ChosenParser()->GetSubTitle(timeMs);
 }
 
 const wchar_t* xcSubtitleManager::GetSubTitleU(long long timeMs)
 {
-    if (m_formatCode == kNone)
+    if (m_formatCode == kFormatNone)
         return nullptr;
     return ChosenParser()->GetSubTitleU(timeMs);
 }

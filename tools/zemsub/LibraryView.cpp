@@ -5,6 +5,8 @@
 
 #include "ISubTitle.h"
 #include "manager/xcSubtitleManager.h"
+#include "parsers/detail/AssLines.h"
+#include "parsers/detail/SrtTraits.h"
 #include "parsers/xcAssParser.h"
 #include "parsers/xcAssParserU.h"
 #include "parsers/xcIdxParser.h"
@@ -49,7 +51,7 @@ QString readerName(int code)
     }
 }
 
-// Counts line feeds, to tell the 20000-line limit from other failures.
+// Counts line feeds, to tell the readers' line limit from other failures.
 long long countLineFeeds(const QString& path)
 {
     QFile file(path);
@@ -314,6 +316,13 @@ QString ManagerSession::textAt(long long ms)
     return fromNarrow(m_manager->GetSubTitle(ms));
 }
 
+int readerLineLimit(int formatCode)
+{
+    // The readers stop at one line past their limit.
+    const bool script = formatCode == CodeScript || formatCode == CodeScriptWide;
+    return (script ? zemsub::detail::kAssLineLimit : zemsub::detail::kSrtLineLimit) - 1;
+}
+
 void requireShown(const FileFacts& facts, const ManagerSession& session)
 {
     if (session.opened())
@@ -322,8 +331,9 @@ void requireShown(const FileFacts& facts, const ManagerSession& session)
     if (code == CodeNone)
         fileError(facts.path, QStringLiteral("not opened: ") + formatReason(facts, code));
     QString reason = QStringLiteral("not opened: the %1 did not open it").arg(readerName(code));
-    if (countLineFeeds(facts.path) >= 20000)
-        reason += QStringLiteral(" (a file of more than 20000 lines does not open)");
+    const int limit = readerLineLimit(code);
+    if (countLineFeeds(facts.path) >= limit)
+        reason += QStringLiteral(" (a file of more than %1 lines does not open)").arg(limit);
     fileError(facts.path, reason);
 }
 

@@ -1,6 +1,8 @@
 #ifndef ZEMSUB_TOOL_LIBRARYVIEW_H
 #define ZEMSUB_TOOL_LIBRARYVIEW_H
 
+#include "manager/detail/FormatCodes.h"
+
 #include <QByteArray>
 #include <QString>
 #include <memory>
@@ -10,14 +12,17 @@ class xcSubtitleManager;
 
 namespace zemsub::tool {
 
-// Format codes of the subtitle manager.
+// The subtitle manager's format codes, under the tool's names.
 enum FormatCode {
-    CodeNone = 0,
-    CodeSubRip = 1,
-    CodeScript = 2,
-    CodeSubRipWide = 4,
-    CodeScriptWide = 5,
+    CodeNone = zemsub::detail::kFormatNone,
+    CodeSubRip = zemsub::detail::kFormatSrt,
+    CodeScript = zemsub::detail::kFormatAss,
+    CodeSubRipWide = zemsub::detail::kFormatSrtWide,
+    CodeScriptWide = zemsub::detail::kFormatAssWide,
 };
+
+// Lines the reader of a format code reads at most; a file of more does not open.
+int readerLineLimit(int formatCode);
 
 // What the manager looks at: the first two bytes and the text after the last ".".
 struct FileFacts

@@ -3,9 +3,10 @@
 
 namespace zemsub::tool {
 
-Cause describeCause(CauseId id, WrittenKind kind, const LibrarySide& library)
+Cause describeCause(CauseId id, const WrittenFile& file, const LibrarySide& library)
 {
-    const bool script = kind == WrittenKind::Script;
+    const bool script = file.kind == WrittenKind::Script;
+    const QString& format = file.formatTitle;
     switch (id) {
     case CauseId::Extension:
         return {id, QStringLiteral("extension"),
@@ -13,9 +14,10 @@ Cause describeCause(CauseId id, WrittenKind kind, const LibrarySide& library)
                     "the manager chooses a reader by the text after the last \".\" (srt, ass or ssa in any "
                     "case) and refuses every other file")};
     case CauseId::OpenRefused:
-        return {id, QStringLiteral("open-refused"),
-                QStringLiteral(
-                    "the reader's Open answered false (a file of more than 20000 lines does not open)")};
+        return {
+            id, QStringLiteral("open-refused"),
+            QStringLiteral("the reader's Open answered false (a file of more than %1 lines does not open)")
+                .arg(readerLineLimit(library.formatCode))};
     case CauseId::Utf16:
         return {id, QStringLiteral("utf16"),
                 QStringLiteral(
@@ -77,12 +79,9 @@ Cause describeCause(CauseId id, WrittenKind kind, const LibrarySide& library)
                     "behind it, so the end time loses its first digit")};
     case CauseId::Fraction:
         return {id, QStringLiteral("fraction"),
-                script ? QStringLiteral(
-                             "a time fraction that is not two digits: it is read as hundredths as written, "
-                             "so \".500\" is 500 hundredths")
-                       : QStringLiteral(
-                             "a time fraction that is not three digits: milliseconds are read as written, "
-                             "not scaled, so \",5\" is 5 ms")};
+                QStringLiteral(
+                    "a time fraction of more than three digits: milliseconds are read from the first three "
+                    "digits only, so \",5000\" is 500 ms")};
     case CauseId::BlankLine:
         return {id, QStringLiteral("blank-line"),
                 QStringLiteral(
@@ -124,11 +123,6 @@ Cause describeCause(CauseId id, WrittenKind kind, const LibrarySide& library)
     case CauseId::Escapes:
         return {id, QStringLiteral("escapes"),
                 QStringLiteral("\\n and \\h are drawn as written: only \\N is turned into a line feed")};
-    case CauseId::FormatOrder:
-        return {id, QStringLiteral("format-order"),
-                QStringLiteral(
-                    "the Format line is not read: Dialogue fields are taken in the fixed order Layer (or "
-                    "Marked), Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text")};
     case CauseId::Overlap:
         return {id, QStringLiteral("overlap"),
                 QStringLiteral(
@@ -144,6 +138,12 @@ Cause describeCause(CauseId id, WrittenKind kind, const LibrarySide& library)
                 QStringLiteral(
                     "narrow captions are decoded with the system's local 8-bit codec, not as the file's "
                     "own encoding")};
+    case CauseId::OtherFormat:
+        return {id, QStringLiteral("other-format"),
+                QStringLiteral(
+                    "written as %1, which FFmpeg reads and the library does not: the manager picks the "
+                    "SubRip or script reader by the extension alone, and that reader reads other lines")
+                    .arg(format.isEmpty() ? QStringLiteral("another format") : format)};
     case CauseId::HexValue:
         return {id, QStringLiteral("amp-h"),
                 QStringLiteral(

@@ -1,6 +1,7 @@
 #include "LintCauses.h"
 
 #include "TagModel.h"
+#include "reading/SubRipSource.h"
 
 #include <QRegularExpression>
 
@@ -96,12 +97,13 @@ void explainSubRip(const WrittenFile& file, const WrittenBlock& block, const Lib
         causes.push_back(CauseId::ThreeLines);
     if (narrow && arrowWithoutBlank(block.timeLine))
         causes.push_back(CauseId::ArrowBlank);
+    // FFmpeg reads every fraction digit as milliseconds, the reader the first three.
     if (std::any_of(block.fractions.begin(), block.fractions.end(),
-                    [](const QString& f) { return f.size() != 3; }))
+                    [](const QString& f) { return f.size() > 3; }))
         causes.push_back(CauseId::Fraction);
     if (block.endedByBlanks)
         causes.push_back(CauseId::BlankLine);
-    if (subRipDisplayText(block.rawLines) != block.rawLines.join(QLatin1Char('\n')))
+    if (withoutSubRipMarkup(block.rawLines) != block.rawLines.join(QLatin1Char('\n')))
         causes.push_back(CauseId::Markup);
 }
 
@@ -162,19 +164,6 @@ void explainScript(const WrittenFile& file, const WrittenBlock& block, const Lib
         causes.push_back(CauseId::LineBreaks);
     if (tags.visible.contains(QLatin1String("\\n")) || tags.visible.contains(QLatin1String("\\h")))
         causes.push_back(CauseId::Escapes);
-    if (std::any_of(block.fractions.begin(), block.fractions.end(),
-                    [](const QString& f) { return f.size() != 2; }))
-        causes.push_back(CauseId::Fraction);
-
-    // The fixed order reads the times and the text where the Format line puts them,
-    // unless it moves them (the other fields do not change what is drawn).
-    if (file.eventFormatFound) {
-        const QStringList standard = defaultEventFormat(false);
-        const QStringList& format = file.eventFormat;
-        if (format.size() != standard.size() || format.indexOf(QStringLiteral("start")) != 1 ||
-            format.indexOf(QStringLiteral("end")) != 2 || format.indexOf(QStringLiteral("text")) != 9)
-            causes.push_back(CauseId::FormatOrder);
-    }
 }
 
 } // namespace
@@ -193,16 +182,19 @@ std::vector<CauseId> explainBlock(const WrittenFile& file, int blockIndex, const
     if (file.crlf)
         causes.push_back(CauseId::CrLf);
 
-    if (file.kind == WrittenKind::SubRip)
+    // What the file's lines tell, when FFmpeg's event was found on them.
+    if (file.kind == WrittenKind::SubRip && block.sourceFound)
         explainSubRip(file, block, library, causes);
-    else
+    else if (file.kind == WrittenKind::Script && block.sourceFound)
         explainScript(file, block, library, causes);
+    else if (file.kind == WrittenKind::Other)
+        causes.push_back(CauseId::OtherFormat);
 
     if (overlapsEarlier(file, block))
         causes.push_back(CauseId::Overlap);
     if (cacheHidAnswer(block, blockIndex, probes))
         causes.push_back(CauseId::RepeatAfterGap);
-    if (!library.wide && file.encoding == QLatin1String("Latin-1") && hasNonAscii(block.text))
+    if (!library.wide && !file.utf16 && file.encoding != QLatin1String("UTF-8") && hasNonAscii(block.text))
         causes.push_back(CauseId::Encoding);
     if (causes.empty())
         causes.push_back(CauseId::Unexplained);

@@ -3,7 +3,7 @@
 
 #include "LibraryView.h"
 #include "LintProbe.h"
-#include "TolerantReader.h"
+#include "reading/WrittenFile.h"
 
 #include <QString>
 #include <vector>
@@ -33,10 +33,10 @@ enum class CauseId {
     AnglePair,
     LineBreaks,
     Escapes,
-    FormatOrder,
     Overlap,
     RepeatAfterGap,
     Encoding,
+    OtherFormat,
     HexValue,
     Unexplained,
 };
@@ -58,7 +58,7 @@ struct LibrarySide
     QString locale;                  // the character-type locale the wide readers decode under
 };
 
-Cause describeCause(CauseId id, WrittenKind kind, const LibrarySide& library);
+Cause describeCause(CauseId id, const WrittenFile& file, const LibrarySide& library);
 
 // The behaviours behind a block that does not show as written. Never empty:
 // Unexplained when nothing known applies.

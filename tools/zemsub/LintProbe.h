@@ -1,7 +1,7 @@
 #ifndef ZEMSUB_TOOL_LINTPROBE_H
 #define ZEMSUB_TOOL_LINTPROBE_H
 
-#include "TolerantReader.h"
+#include "reading/WrittenFile.h"
 
 #include <QString>
 #include <functional>
