@@ -18,7 +18,8 @@
     X(idx_parser_u)                                                                                          \
     X(manager)                                                                                               \
     X(ssa_tags)                                                                                              \
-    X(string_ops)
+    X(string_ops)                                                                                            \
+    X(fix)
 
 #define ZEMSUB_FUZZ_DECLARE(name) int fuzz_##name(const uint8_t* data, size_t size);
 ZEMSUB_FUZZ_TARGETS(ZEMSUB_FUZZ_DECLARE)

@@ -3,12 +3,15 @@
 # Included from tests/CMakeLists.txt, where zemsub_test_support is defined.
 set(ZEMSUB_FUZZ_DIR ${PROJECT_SOURCE_DIR}/fuzz)
 file(GLOB fuzz_replay_targets CONFIGURE_DEPENDS ${ZEMSUB_FUZZ_DIR}/targets/*.cpp)
+include(${PROJECT_SOURCE_DIR}/tools/fix/FixSources.cmake)
 add_executable(fuzz_replay_tests
   ${ZEMSUB_FUZZ_DIR}/replay/FuzzReplayTest.cpp
   ${ZEMSUB_FUZZ_DIR}/FuzzSupport.cpp
-  ${fuzz_replay_targets})
+  ${fuzz_replay_targets}
+  ${ZEMSUBFIX_SOURCES})
 target_compile_options(fuzz_replay_tests PRIVATE -Wall -Wextra)
-target_include_directories(fuzz_replay_tests PRIVATE ${ZEMSUB_FUZZ_DIR} ${ZEMSUB_FUZZ_DIR}/targets)
+target_include_directories(fuzz_replay_tests PRIVATE ${ZEMSUB_FUZZ_DIR} ${ZEMSUB_FUZZ_DIR}/targets
+  ${ZEMSUBFIX_INCLUDE_DIRS})
 target_link_libraries(fuzz_replay_tests PRIVATE zemsub_test_support)
 target_compile_definitions(fuzz_replay_tests PRIVATE ZEMSUB_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
 gtest_discover_tests(fuzz_replay_tests
