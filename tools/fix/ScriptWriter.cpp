@@ -41,7 +41,10 @@ CopyText writeScript(const std::vector<Stretch>& stretches)
     sink.add(QString());
     sink.add(QStringLiteral("[Events]"));
     sink.add(QStringLiteral("Format: Layer, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text"));
-    for (const Stretch& stretch : stretches) {
+    // Latest first: where one stretch ends as the next begins, the reader's end is
+    // inclusive and its first match wins, so the later one must come first.
+    for (auto it = stretches.rbegin(); it != stretches.rend(); ++it) {
+        const Stretch& stretch = *it;
         const QStringList lines = stretch.repeat ? markedAsRepeat(stretch.lines) : stretch.lines;
         sink.add(dialogue(stretch.start, stretch.end, scriptText(lines)));
     }

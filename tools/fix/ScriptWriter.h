@@ -11,7 +11,7 @@ namespace zemsubfix {
 // An ASS script of the stretches for the narrow script reader: ScriptType
 // v4.00+ so that Dialogue lines are read the ASS way, the Format line in the
 // order the reader takes the fields anyway, plain numbers where "&h" would read
-// as -1, one Dialogue line per stretch in time order and a last one that is
+// as -1, one Dialogue line per stretch, latest first, and a last one that is
 // never due. Times are hundredths, rounded to the nearest. The reader turns only
 // the first \N into a line break, so further breaks are written as line
 // separators, which its painter breaks lines at.
