@@ -34,6 +34,8 @@ QString plain(const QString& text)
     QString shown = text;
     shown.remove(QChar(0x2060));
     shown.replace(QChar(0x2028), QLatin1Char('\n'));
+    shown.remove(QLatin1Char('\r'));
+    shown.remove(QChar(0));
     QStringList lines = shown.split(QLatin1Char('\n'));
     for (QString& line : lines)
         line = line.trimmed();

@@ -9,6 +9,9 @@ QStringList shownLines(const QString& text)
     QStringList lines = text.split(QLatin1Char('\n'));
     bool any = false;
     for (QString& line : lines) {
+        // Carriage returns and zero characters inside a line draw nothing.
+        line.remove(QLatin1Char('\r'));
+        line.remove(QChar(0));
         line = line.trimmed();
         any = any || !line.isEmpty();
     }

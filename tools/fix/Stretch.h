@@ -22,7 +22,8 @@ struct Stretch
 // one that came first at the bottom.
 std::vector<Stretch> buildStretches(const std::vector<SourceCaption>& captions);
 
-// The lines a caption shows: trimmed, "" for a caption with nothing to show.
+// The lines a caption shows: trimmed, without carriage returns and zero
+// characters; none for a caption with nothing to show.
 QStringList shownLines(const QString& text);
 
 } // namespace zemsubfix
