@@ -105,7 +105,10 @@ int runFix(const QStringList& args)
         output = input;
     if (output.isEmpty())
         usageError(QStringLiteral("no copy named: give -o OUT (or --in-place)"));
-    if (!inPlace && QFileInfo(output).absoluteFilePath() == QFileInfo(input).absoluteFilePath())
+    const QFileInfo outputInfo(output);
+    const bool sameFile = outputInfo.absoluteFilePath() == QFileInfo(input).absoluteFilePath() ||
+                          (outputInfo.exists() && outputInfo.canonicalFilePath() == QFileInfo(input).canonicalFilePath());
+    if (!inPlace && sameFile)
         usageError(QStringLiteral("OUT is FILE itself: give --in-place to replace it"));
     if (!QFileInfo::exists(input))
         fileError(input, QStringLiteral("no such file"));
