@@ -58,6 +58,8 @@ def quirks():
         + srt(2, "00:00:03,000 --> 00:00:04,000", '{\\an8}<font color="red">two</font>'),
         "no-scripttype.ass": script("a = b", "two", "three", head="[Script Info]\n[Events]\n"),
         "unclosed-tag.ass": script("one{\\b1", "two", "three"),
+        "tag-tail.ass": script("{abc}x{y", "two", "three"),
+        "tag-repeat.ass": script("x{ab}{c", "two", "three"),
         "angle-pair.ass": script("x <y> z", "two", "three"),
         "line-breaks.ass": script("a\\Nb\\Nc", "two", "three"),
         "escapes.ass": script("a\\nb\\hc", "two", "three"),

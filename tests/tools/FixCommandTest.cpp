@@ -89,6 +89,14 @@ std::vector<CauseCase> causeCases()
          scriptHead + dialogue("0:00:01.00", "0:00:02.00", "one{\\b1") + dialogue("0:00:03.00", "0:00:04.00", "two") +
              dialogue("0:00:05.00", "0:00:06.00", "three"),
          {{1000, 2000, "one"}, {3000, 4000, "two"}, {5000, 6000, "three"}}},
+        {"tag-tail", "tail.ass",
+         scriptHead + dialogue("0:00:01.00", "0:00:02.00", "{abc}x{y") + dialogue("0:00:03.00", "0:00:04.00", "two") +
+             dialogue("0:00:05.00", "0:00:06.00", "three"),
+         {{1000, 2000, "x"}, {3000, 4000, "two"}, {5000, 6000, "three"}}},
+        {"tag-repeat", "repeat.ass",
+         scriptHead + dialogue("0:00:01.00", "0:00:02.00", "x{ab}{c") + dialogue("0:00:03.00", "0:00:04.00", "two") +
+             dialogue("0:00:05.00", "0:00:06.00", "three"),
+         {{1000, 2000, "x"}, {3000, 4000, "two"}, {5000, 6000, "three"}}},
         {"angle-pair", "angles.ass",
          scriptHead + dialogue("0:00:01.00", "0:00:02.00", "x <y> z") + dialogue("0:00:03.00", "0:00:04.00", "two") +
              dialogue("0:00:05.00", "0:00:06.00", "three"),
