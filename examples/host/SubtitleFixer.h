@@ -23,7 +23,8 @@ public:
     const zemsubfix::FixReport& report() const { return m_report; }
 
 private:
-    using FixFileFunction = zemsubfix::FixReport (*)(const QString&, const QString&, const zemsubfix::FixOptions&);
+    using FixFileFunction = zemsubfix::FixReport (*)(const QString&, const QString&,
+                                                     const zemsubfix::FixOptions&);
 
     QLibrary m_library;
     QString m_error;

@@ -91,9 +91,9 @@ TEST_F(FixWriter, DigitLinesArrowsAndNumberingAsWritten)
 
 TEST_F(FixWriter, FractionsOfAnyLengthAndTimeZero)
 {
-    const Fixed fixed = fix(entry(1, "00:00:00,0 --> 00:00:01,5", "zero") +
-                                entry(2, "00:00:02,25 --> 00:00:03,0001", "two"),
-                            "fractions.srt");
+    const Fixed fixed =
+        fix(entry(1, "00:00:00,0 --> 00:00:01,5", "zero") + entry(2, "00:00:02,25 --> 00:00:03,0001", "two"),
+            "fractions.srt");
     expectShows(fixed, {{0, 1500, "zero"}, {2250, 3000, "two"}});
     EXPECT_EQ(fixed.report.exitCode(), 0);
 }
@@ -147,9 +147,9 @@ TEST_F(FixWriter, MarkupIsRemovedAndItsStylesReported)
 
 TEST_F(FixWriter, Utf16FileBecomesNarrowText)
 {
-    const Fixed fixed =
-        fix(utf16le(entry(1, "00:00:01,000 --> 00:00:02,000", "wide") + entry(2, "00:00:03,000 --> 00:00:04,000", "text")),
-            "wide.srt");
+    const Fixed fixed = fix(utf16le(entry(1, "00:00:01,000 --> 00:00:02,000", "wide") +
+                                    entry(2, "00:00:03,000 --> 00:00:04,000", "text")),
+                            "wide.srt");
     expectShows(fixed, {{1000, 2000, "wide"}, {3000, 4000, "text"}});
     EXPECT_NE(static_cast<unsigned char>(fixed.report.copy[0]), 0xFF);
     EXPECT_EQ(fixed.report.exitCode(), 0);
@@ -157,11 +157,12 @@ TEST_F(FixWriter, Utf16FileBecomesNarrowText)
 
 TEST_F(FixWriter, ScriptCopyShowsEveryLineAndTheLastDialogue)
 {
-    const std::string script = "[Script Info]\n[Events]\n"
-                               "Format: Start, End, Text, Layer, Style, Name, MarginL, MarginR, MarginV, Effect\n"
-                               "Dialogue: 0:00:00.00,0:00:01.00,{\\b1}a\\Nb\\Nc,0,Default,,0,0,0,\n"
-                               "Dialogue: 0:00:02.00,0:00:03.00,x = <y>\\N\\Nz,0,Default,,0,0,0,\n"
-                               "Style: Default,Arial,&h20,&H00FFFFFF\n";
+    const std::string script =
+        "[Script Info]\n[Events]\n"
+        "Format: Start, End, Text, Layer, Style, Name, MarginL, MarginR, MarginV, Effect\n"
+        "Dialogue: 0:00:00.00,0:00:01.00,{\\b1}a\\Nb\\Nc,0,Default,,0,0,0,\n"
+        "Dialogue: 0:00:02.00,0:00:03.00,x = <y>\\N\\Nz,0,Default,,0,0,0,\n"
+        "Style: Default,Arial,&h20,&H00FFFFFF\n";
     const Fixed srt = fix(script, "moved.ass", "copy.srt");
     expectShows(srt, {{0, 1000, "a\nb\nc"}, {2000, 3000, "x = <y>\n\nz"}});
     EXPECT_EQ(srt.report.captions[1].reasons.size(), 0u);
@@ -170,7 +171,8 @@ TEST_F(FixWriter, ScriptCopyShowsEveryLineAndTheLastDialogue)
     ASSERT_TRUE(ass.report.copyOpens);
     EXPECT_TRUE(ass.report.copy.contains("ScriptType: v4.00+"));
     EXPECT_FALSE(ass.report.copy.toLower().contains("&h"));
-    const std::vector<QString> answers = askLibrary(ass.copy, {{1, "a\nb\nc"}, {999, "a\nb\nc"}, {2500, QString()}});
+    const std::vector<QString> answers =
+        askLibrary(ass.copy, {{1, "a\nb\nc"}, {999, "a\nb\nc"}, {2500, QString()}});
     ASSERT_EQ(answers.size(), 3u);
     EXPECT_EQ(answers[0], QStringLiteral("a\nb\nc"));
     EXPECT_EQ(answers[1], QStringLiteral("a\nb\nc"));
@@ -186,10 +188,11 @@ TEST_F(FixWriter, ScriptCopyShowsEveryLineAndTheLastDialogue)
 
 TEST_F(FixWriter, DrawingAndKaraokeAreReported)
 {
-    const std::string script = "[Script Info]\nScriptType: v4.00+\n[Events]\n"
-                               "Format: Layer, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text\n"
-                               "Dialogue: 0,0:00:01.00,0:00:02.00,Default,,0,0,0,,{\\p1}m 0 0 l 10 0 10 10{\\p0}\n"
-                               "Dialogue: 0,0:00:03.00,0:00:04.00,Default,,0,0,0,,{\\k20}ka{\\k30}ra\n";
+    const std::string script =
+        "[Script Info]\nScriptType: v4.00+\n[Events]\n"
+        "Format: Layer, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text\n"
+        "Dialogue: 0,0:00:01.00,0:00:02.00,Default,,0,0,0,,{\\p1}m 0 0 l 10 0 10 10{\\p0}\n"
+        "Dialogue: 0,0:00:03.00,0:00:04.00,Default,,0,0,0,,{\\k20}ka{\\k30}ra\n";
     const Fixed fixed = fix(script, "effects.ass");
     ASSERT_EQ(fixed.report.captions.size(), 2u);
     ASSERT_FALSE(fixed.report.captions[0].reasons.empty());

@@ -3,7 +3,6 @@
 #include "ISubTitle.h"
 #include "maker/ZemSubtitleMaker.h"
 
-
 std::vector<Expected> questionsFor(const std::vector<Shown>& shown)
 {
     std::vector<Expected> questions;

@@ -28,8 +28,9 @@ std::string srt(int number, const std::string& times, const std::string& lines, 
     return std::to_string(number) + end + times + end + lines + end + end;
 }
 
-const std::string scriptHead = "[Script Info]\nScriptType: v4.00+\n\n[Events]\n"
-                               "Format: Layer, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text\n";
+const std::string scriptHead =
+    "[Script Info]\nScriptType: v4.00+\n\n[Events]\n"
+    "Format: Layer, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text\n";
 
 std::string dialogue(const std::string& start, const std::string& end, const std::string& text)
 {
@@ -38,7 +39,8 @@ std::string dialogue(const std::string& start, const std::string& end, const std
 
 std::vector<CauseCase> causeCases()
 {
-    const std::string two = srt(1, "00:00:01,000 --> 00:00:02,000", "one") + srt(2, "00:00:03,000 --> 00:00:04,000", "two");
+    const std::string two =
+        srt(1, "00:00:01,000 --> 00:00:02,000", "one") + srt(2, "00:00:03,000 --> 00:00:04,000", "two");
     const std::vector<Shown> twoShown = {{1000, 2000, "one"}, {3000, 4000, "two"}};
     std::string longFile;
     std::vector<Shown> longShown;
@@ -53,25 +55,32 @@ std::vector<CauseCase> causeCases()
         {"extension", "plain.txt", two, twoShown},
         {"utf16", "wide.srt", utf16le(two), twoShown},
         {"crlf", "crlf.srt",
-         srt(1, "00:00:01,000 --> 00:00:02,000", "one", "\r\n") + srt(2, "00:00:03,000 --> 00:00:04,000", "two", "\r\n"),
+         srt(1, "00:00:01,000 --> 00:00:02,000", "one", "\r\n") +
+             srt(2, "00:00:03,000 --> 00:00:04,000", "two", "\r\n"),
          twoShown},
         {"utf8-mark", "mark.srt", "\xEF\xBB\xBF" + two, twoShown},
         {"one-entry", "one.srt", srt(1, "00:00:01,000 --> 00:00:02,000", "alone"), {{1000, 2000, "alone"}}},
         {"last-entry", "last.srt", two, twoShown},
-        {"numbering", "numbers.srt",
+        {"numbering",
+         "numbers.srt",
          srt(5, "00:00:01,000 --> 00:00:02,000", "one") + srt(3, "00:00:03,000 --> 00:00:04,000", "two") +
              srt(3, "00:00:05,000 --> 00:00:06,000", "three"),
          {{1000, 2000, "one"}, {3000, 4000, "two"}, {5000, 6000, "three"}}},
-        {"digit-line", "digits.srt",
+        {"digit-line",
+         "digits.srt",
          srt(1, "00:00:01,000 --> 00:00:02,000", "1984") + srt(2, "00:00:03,000 --> 00:00:04,000", "two\n42"),
          {{1000, 2000, "1984"}, {3000, 4000, "two\n42"}}},
-        {"three-lines", "three.srt",
-         srt(1, "00:00:01,000 --> 00:00:02,000", "a\nb\nc") + srt(2, "00:00:03,000 --> 00:00:04,000", "d\ne\nf\ng"),
+        {"three-lines",
+         "three.srt",
+         srt(1, "00:00:01,000 --> 00:00:02,000", "a\nb\nc") +
+             srt(2, "00:00:03,000 --> 00:00:04,000", "d\ne\nf\ng"),
          {{1000, 2000, "a\nb\nc"}, {3000, 4000, "d\ne\nf\ng"}}},
-        {"arrow-blank", "arrow.srt",
+        {"arrow-blank",
+         "arrow.srt",
          srt(1, "10:00:01,000 -->10:00:02,000", "one") + srt(2, "10:00:03,000 --> 10:00:04,000", "two"),
          {{36001000, 36002000, "one"}, {36003000, 36004000, "two"}}},
-        {"fraction", "fraction.srt",
+        {"fraction",
+         "fraction.srt",
          srt(1, "00:00:01,5 --> 00:00:02,25", "one") + srt(2, "00:00:03,000 --> 00:00:04,000", "two"),
          {{1500, 2250, "one"}, {3000, 4000, "two"}}},
         {"blank-line", "blanks.srt",
@@ -81,48 +90,65 @@ std::vector<CauseCase> causeCases()
          srt(1, "00:00:01,000 --> 00:00:02,000", "<i>one</i>") +
              srt(2, "00:00:03,000 --> 00:00:04,000", "{\\an8}<font color=\"red\">two</font>"),
          twoShown},
-        {"no-scripttype", "nostype.ass",
+        {"no-scripttype",
+         "nostype.ass",
          "[Script Info]\n[Events]\n" + dialogue("0:00:01.00", "0:00:02.00", "a = b") +
              dialogue("0:00:03.00", "0:00:04.00", "two") + dialogue("0:00:05.00", "0:00:06.00", "three"),
          {{1000, 2000, "a = b"}, {3000, 4000, "two"}, {5000, 6000, "three"}}},
-        {"unclosed-tag", "unclosed.ass",
-         scriptHead + dialogue("0:00:01.00", "0:00:02.00", "one{\\b1") + dialogue("0:00:03.00", "0:00:04.00", "two") +
-             dialogue("0:00:05.00", "0:00:06.00", "three"),
+        {"unclosed-tag",
+         "unclosed.ass",
+         scriptHead + dialogue("0:00:01.00", "0:00:02.00", "one{\\b1") +
+             dialogue("0:00:03.00", "0:00:04.00", "two") + dialogue("0:00:05.00", "0:00:06.00", "three"),
          {{1000, 2000, "one"}, {3000, 4000, "two"}, {5000, 6000, "three"}}},
-        {"tag-tail", "tail.ass",
-         scriptHead + dialogue("0:00:01.00", "0:00:02.00", "{abc}x{y") + dialogue("0:00:03.00", "0:00:04.00", "two") +
-             dialogue("0:00:05.00", "0:00:06.00", "three"),
+        {"tag-tail",
+         "tail.ass",
+         scriptHead + dialogue("0:00:01.00", "0:00:02.00", "{abc}x{y") +
+             dialogue("0:00:03.00", "0:00:04.00", "two") + dialogue("0:00:05.00", "0:00:06.00", "three"),
          {{1000, 2000, "x"}, {3000, 4000, "two"}, {5000, 6000, "three"}}},
-        {"tag-repeat", "repeat.ass",
-         scriptHead + dialogue("0:00:01.00", "0:00:02.00", "x{ab}{c") + dialogue("0:00:03.00", "0:00:04.00", "two") +
-             dialogue("0:00:05.00", "0:00:06.00", "three"),
+        {"tag-repeat",
+         "repeat.ass",
+         scriptHead + dialogue("0:00:01.00", "0:00:02.00", "x{ab}{c") +
+             dialogue("0:00:03.00", "0:00:04.00", "two") + dialogue("0:00:05.00", "0:00:06.00", "three"),
          {{1000, 2000, "x"}, {3000, 4000, "two"}, {5000, 6000, "three"}}},
-        {"angle-pair", "angles.ass",
-         scriptHead + dialogue("0:00:01.00", "0:00:02.00", "x <y> z") + dialogue("0:00:03.00", "0:00:04.00", "two") +
-             dialogue("0:00:05.00", "0:00:06.00", "three"),
+        {"angle-pair",
+         "angles.ass",
+         scriptHead + dialogue("0:00:01.00", "0:00:02.00", "x <y> z") +
+             dialogue("0:00:03.00", "0:00:04.00", "two") + dialogue("0:00:05.00", "0:00:06.00", "three"),
          {{1000, 2000, "x <y> z"}, {3000, 4000, "two"}, {5000, 6000, "three"}}},
-        {"line-breaks", "breaks.ass",
-         scriptHead + dialogue("0:00:01.00", "0:00:02.00", "a\\Nb\\Nc") + dialogue("0:00:03.00", "0:00:04.00", "two") +
-             dialogue("0:00:05.00", "0:00:06.00", "three"),
+        {"line-breaks",
+         "breaks.ass",
+         scriptHead + dialogue("0:00:01.00", "0:00:02.00", "a\\Nb\\Nc") +
+             dialogue("0:00:03.00", "0:00:04.00", "two") + dialogue("0:00:05.00", "0:00:06.00", "three"),
          {{1000, 2000, "a\nb\nc"}, {3000, 4000, "two"}, {5000, 6000, "three"}}},
-        {"escapes", "escapes.ass",
-         scriptHead + dialogue("0:00:01.00", "0:00:02.00", "a\\nb\\hc") + dialogue("0:00:03.00", "0:00:04.00", "two") +
-             dialogue("0:00:05.00", "0:00:06.00", "three"),
-         {{1000, 2000, QString::fromUtf8("a b\xc2\xa0" "c")}, {3000, 4000, "two"}, {5000, 6000, "three"}}},
-        {"format-order", "format.ass",
-         "[Script Info]\nScriptType: v4.00+\n[Events]\nFormat: Start, End, Text, Layer, Style, Name, MarginL, "
+        {"escapes",
+         "escapes.ass",
+         scriptHead + dialogue("0:00:01.00", "0:00:02.00", "a\\nb\\hc") +
+             dialogue("0:00:03.00", "0:00:04.00", "two") + dialogue("0:00:05.00", "0:00:06.00", "three"),
+         {{1000, 2000,
+           QString::fromUtf8("a b\xc2\xa0"
+                             "c")},
+          {3000, 4000, "two"},
+          {5000, 6000, "three"}}},
+        {"format-order",
+         "format.ass",
+         "[Script Info]\nScriptType: v4.00+\n[Events]\nFormat: Start, End, Text, Layer, Style, Name, "
+         "MarginL, "
          "MarginR, MarginV, Effect\nDialogue: 0:00:01.00,0:00:02.00,one,0,Default,,0,0,0,\n"
-         "Dialogue: 0:00:03.00,0:00:04.00,two,0,Default,,0,0,0,\nDialogue: 0:00:05.00,0:00:06.00,three,0,Default,,0,0,0,\n",
+         "Dialogue: 0:00:03.00,0:00:04.00,two,0,Default,,0,0,0,\nDialogue: "
+         "0:00:05.00,0:00:06.00,three,0,Default,,0,0,0,\n",
          {{1000, 2000, "one"}, {3000, 4000, "two"}, {5000, 6000, "three"}}},
-        {"overlap", "overlap.srt",
+        {"overlap",
+         "overlap.srt",
          srt(1, "00:00:01,000 --> 00:00:03,000", "under") + srt(2, "00:00:02,000 --> 00:00:04,000", "over") +
              srt(3, "00:00:05,000 --> 00:00:06,000", "end"),
          {{1000, 2000, "under"}, {2000, 3000, "over\nunder"}, {3000, 4000, "over"}, {5000, 6000, "end"}}},
-        {"repeat-after-gap", "repeat.srt",
+        {"repeat-after-gap",
+         "repeat.srt",
          srt(1, "00:00:01,000 --> 00:00:02,000", "same") + srt(2, "00:00:03,000 --> 00:00:04,000", "same") +
              srt(3, "00:00:05,000 --> 00:00:06,000", "end"),
          {{1000, 2000, "same"}, {3000, 4000, "same"}, {5000, 6000, "end"}}},
-        {"encoding", "latin1.srt",
+        {"encoding",
+         "latin1.srt",
          srt(1, "00:00:01,000 --> 00:00:02,000", "caf\xe9") + srt(2, "00:00:03,000 --> 00:00:04,000", "two"),
          {{1000, 2000, QString::fromUtf8("caf\xc3\xa9")}, {3000, 4000, "two"}}},
         {"open-refused", "long.srt", longFile, longShown},
@@ -181,10 +207,11 @@ TEST(ZemsubFix, EveryCauseLintNamesIsCured)
 TEST(ZemsubFix, AmpHValuesAreWrittenAsNumbers)
 {
     TempDir dir;
-    const std::string script = "[Script Info]\nScriptType: v4.00+\nPlayResX: &h180\n[V4+ Styles]\n"
-                               "Style: Default,Arial,20,&H00FFFFFF,&H000000FF,&H00000000,&H00000000,0,0,0,0,100,"
-                               "100,0,0,1,2,2,2,10,10,10,1\n[Events]\n" +
-                               dialogue("0:00:01.00", "0:00:02.00", "one") + dialogue("0:00:03.00", "0:00:04.00", "two");
+    const std::string script =
+        "[Script Info]\nScriptType: v4.00+\nPlayResX: &h180\n[V4+ Styles]\n"
+        "Style: Default,Arial,20,&H00FFFFFF,&H000000FF,&H00000000,&H00000000,0,0,0,0,100,"
+        "100,0,0,1,2,2,2,10,10,10,1\n[Events]\n" +
+        dialogue("0:00:01.00", "0:00:02.00", "one") + dialogue("0:00:03.00", "0:00:04.00", "two");
     const QString original = qs(dir.write("hex.ass", script));
     int before = -1;
     EXPECT_FALSE(lintJson(original, &before)["notes"].empty());
@@ -195,7 +222,8 @@ TEST(ZemsubFix, AmpHValuesAreWrittenAsNumbers)
     const nlohmann::json report = lintJson(copy, &after);
     EXPECT_EQ(after, 0);
     EXPECT_TRUE(report["notes"].empty());
-    const std::vector<QString> answers = askLibrary(copy.toStdString(), questionsFor({{1000, 2000, "one"}, {3000, 4000, "two"}}));
+    const std::vector<QString> answers =
+        askLibrary(copy.toStdString(), questionsFor({{1000, 2000, "one"}, {3000, 4000, "two"}}));
     ASSERT_EQ(answers.size(), 7u);
     EXPECT_EQ(answers[0], QStringLiteral("one"));
     EXPECT_EQ(answers[6], QStringLiteral("two"));
@@ -214,7 +242,8 @@ TEST(ZemsubFix, ScriptCopyOfACrLfScript)
     int after = -1;
     lintJson(copy, &after);
     EXPECT_EQ(after, 0);
-    const std::vector<Expected> questions = questionsFor({{1000, 2000, "one"}, {3000, 4000, "two\nlines\nhere"}});
+    const std::vector<Expected> questions =
+        questionsFor({{1000, 2000, "one"}, {3000, 4000, "two\nlines\nhere"}});
     const std::vector<QString> answers = askLibrary(copy.toStdString(), questions);
     ASSERT_EQ(answers.size(), questions.size());
     for (size_t i = 0; i < questions.size(); ++i)
@@ -230,7 +259,8 @@ TEST(ZemsubFix, UsageUnreadableInPlaceAndJson)
     const RunResult missing = runZemsub({"fix", qs(dir.file("none.srt")), "-o", qs(dir.file("x.srt"))});
     EXPECT_EQ(missing.exitCode, 1);
     EXPECT_TRUE(missing.err.contains(QStringLiteral("none.srt")));
-    const RunResult notes = runZemsub({"fix", qs(dir.write("n.txt", "just words\n")), "-o", qs(dir.file("y.srt"))});
+    const RunResult notes =
+        runZemsub({"fix", qs(dir.write("n.txt", "just words\n")), "-o", qs(dir.file("y.srt"))});
     EXPECT_EQ(notes.exitCode, 1);
     EXPECT_TRUE(notes.err.contains(QStringLiteral("n.txt")));
     EXPECT_FALSE(QFile::exists(qs(dir.file("y.srt"))));
@@ -256,7 +286,7 @@ TEST(ZemsubFix, UsageUnreadableInPlaceAndJson)
 namespace {
 
 // What no copy can cure, in lint's codes.
-const std::set<std::string> cannotCure = {"drawing", "karaoke", "positions-styles", "too-long",
+const std::set<std::string> cannotCure = {"drawing",      "karaoke",   "positions-styles", "too-long",
                                           "open-refused", "time-zero", "time-precision"};
 
 TEST(ZemsubFix, SamplesAndEveryQuirkLintCleanAfterFixing)
@@ -267,15 +297,19 @@ TEST(ZemsubFix, SamplesAndEveryQuirkLintCleanAfterFixing)
         files.emplace_back(sample(QString::fromLatin1(name)), name);
     for (const CauseCase& c : causeCases()) {
         if (std::string(c.cause) != "open-refused") // the long file is the cause test's
-            files.emplace_back(qs(dir.write(std::string("quirk-") + c.cause + "-" + c.name, c.bytes)), c.name);
+            files.emplace_back(qs(dir.write(std::string("quirk-") + c.cause + "-" + c.name, c.bytes)),
+                               c.name);
     }
     // What lint sees as written text, and fix reports as not drawn or not due.
-    files.emplace_back(qs(dir.write("drawing.ass", scriptHead + dialogue("0:00:01.00", "0:00:02.00", "{\\p1}m 0 0 l 9 0{\\p0}") +
-                                                       dialogue("0:00:03.00", "0:00:04.00", "two"))),
-                       "drawing.ass");
-    files.emplace_back(qs(dir.write("karaoke.ass", scriptHead + dialogue("0:00:01.00", "0:00:02.00", "{\\k20}ka{\\k30}ra") +
-                                                       dialogue("0:00:03.00", "0:00:04.00", "two"))),
-                       "karaoke.ass");
+    files.emplace_back(
+        qs(dir.write("drawing.ass", scriptHead +
+                                        dialogue("0:00:01.00", "0:00:02.00", "{\\p1}m 0 0 l 9 0{\\p0}") +
+                                        dialogue("0:00:03.00", "0:00:04.00", "two"))),
+        "drawing.ass");
+    files.emplace_back(
+        qs(dir.write("karaoke.ass", scriptHead + dialogue("0:00:01.00", "0:00:02.00", "{\\k20}ka{\\k30}ra") +
+                                        dialogue("0:00:03.00", "0:00:04.00", "two"))),
+        "karaoke.ass");
     files.emplace_back(qs(dir.write("zero.ass", scriptHead + dialogue("0:00:00.00", "0:00:01.00", "zero") +
                                                     dialogue("0:00:02.00", "0:00:03.00", "two"))),
                        "zero.ass");

@@ -13,9 +13,9 @@ namespace zemsubfix {
 struct CopyCheck
 {
     bool opened = false;
-    std::vector<bool> captionShown;         // per caption: its text at its start, middle and end
-    std::vector<int> missedAtZero;          // captions that showed nothing at time 0
-    std::vector<long long> shownInGaps;     // times where the copy shows a caption but none is written
+    std::vector<bool> captionShown;     // per caption: its text at its start, middle and end
+    std::vector<int> missedAtZero;      // captions that showed nothing at time 0
+    std::vector<long long> shownInGaps; // times where the copy shows a caption but none is written
 };
 
 // Opens the copy at path with the library's subtitle manager and asks it, in

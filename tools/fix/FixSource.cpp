@@ -33,8 +33,8 @@ std::vector<CauseId> markupCauses(const QString& raw)
             const QString number = match.captured(2);
             if (name == QLatin1String("p"))
                 add(number.toInt() > 0 ? CauseId::Drawing : CauseId::PositionsStyles);
-            else if (name == QLatin1String("k") || name == QLatin1String("K") || name == QLatin1String("kf") ||
-                     name == QLatin1String("ko"))
+            else if (name == QLatin1String("k") || name == QLatin1String("K") ||
+                     name == QLatin1String("kf") || name == QLatin1String("ko"))
                 add(CauseId::Karaoke);
             else
                 add(CauseId::PositionsStyles);

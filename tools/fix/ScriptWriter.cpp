@@ -8,7 +8,8 @@ namespace {
 
 QString dialogue(long long start, long long end, const QString& text)
 {
-    return QStringLiteral("Dialogue: 0,%1,%2,Default,,0,0,0,,%3").arg(scriptTime(start), scriptTime(end), text);
+    return QStringLiteral("Dialogue: 0,%1,%2,Default,,0,0,0,,%3")
+        .arg(scriptTime(start), scriptTime(end), text);
 }
 
 } // namespace
@@ -34,13 +35,16 @@ CopyText writeScript(const std::vector<Stretch>& stretches)
     sink.add(QStringLiteral("PlayResY: 288"));
     sink.add(QString());
     sink.add(QStringLiteral("[V4+ Styles]"));
-    sink.add(QStringLiteral("Format: Name, Fontname, Fontsize, PrimaryColour, SecondaryColour, OutlineColour, "
-                            "BackColour, Bold, Italic, Underline, StrikeOut, ScaleX, ScaleY, Spacing, Angle, "
-                            "BorderStyle, Outline, Shadow, Alignment, MarginL, MarginR, MarginV, Encoding"));
-    sink.add(QStringLiteral("Style: Default,Arial,20,16777215,255,0,0,0,0,0,0,100,100,0,0,1,2,2,2,10,10,10,1"));
+    sink.add(
+        QStringLiteral("Format: Name, Fontname, Fontsize, PrimaryColour, SecondaryColour, OutlineColour, "
+                       "BackColour, Bold, Italic, Underline, StrikeOut, ScaleX, ScaleY, Spacing, Angle, "
+                       "BorderStyle, Outline, Shadow, Alignment, MarginL, MarginR, MarginV, Encoding"));
+    sink.add(
+        QStringLiteral("Style: Default,Arial,20,16777215,255,0,0,0,0,0,0,100,100,0,0,1,2,2,2,10,10,10,1"));
     sink.add(QString());
     sink.add(QStringLiteral("[Events]"));
-    sink.add(QStringLiteral("Format: Layer, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text"));
+    sink.add(
+        QStringLiteral("Format: Layer, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text"));
     // Latest first: where one stretch ends as the next begins, the reader's end is
     // inclusive and its first match wins, so the later one must come first.
     for (auto it = stretches.rbegin(); it != stretches.rend(); ++it) {

@@ -50,9 +50,9 @@ std::vector<Stretch> buildStretches(const std::vector<SourceCaption>& captions)
     for (size_t b = 0; b + 1 < bounds.size(); ++b) {
         const long long from = bounds[b];
         const long long to = bounds[b + 1];
-        active.erase(std::remove_if(active.begin(), active.end(),
-                                    [from](const Shown* s) { return s->end <= from; }),
-                     active.end());
+        active.erase(
+            std::remove_if(active.begin(), active.end(), [from](const Shown* s) { return s->end <= from; }),
+            active.end());
         while (next < shown.size() && shown[next].start <= from)
             active.push_back(&shown[next++]);
         if (active.empty())

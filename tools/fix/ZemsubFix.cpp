@@ -38,7 +38,8 @@ std::vector<CauseId> diagnose(const SourceCaption& caption, const FixReport& rep
     if (!survivesLocalCodec(caption.text))
         causes.push_back(CauseId::Encoding);
     if (script) {
-        if (std::find(check.missedAtZero.begin(), check.missedAtZero.end(), index) != check.missedAtZero.end())
+        if (std::find(check.missedAtZero.begin(), check.missedAtZero.end(), index) !=
+            check.missedAtZero.end())
             causes.push_back(CauseId::TimeZero);
         if (caption.start % 10 != 0 || caption.end % 10 != 0)
             causes.push_back(CauseId::TimePrecision);

@@ -54,17 +54,17 @@ struct CaptionOutcome
     int line = 0;  // 1-based line of the original where it begins
     long long start = 0;
     long long end = 0;
-    QString text;              // as a modern player shows it, lines joined by "\n"
-    bool textShown = false;    // the library showed the text at its start, middle and end
+    QString text;                // as a modern player shows it, lines joined by "\n"
+    bool textShown = false;      // the library showed the text at its start, middle and end
     std::vector<Reason> reasons; // empty when the caption shows as written
     bool asWritten() const { return textShown && reasons.empty(); }
 };
 
 struct ZEMSUBFIX_EXPORT FixReport
 {
-    bool readable = false;  // false: the input cannot be read, nothing was written
-    QString error;          // why, when not readable or when the copy could not be written
-    QString encoding;       // the input's encoding as read
+    bool readable = false; // false: the input cannot be read, nothing was written
+    QString error;         // why, when not readable or when the copy could not be written
+    QString encoding;      // the input's encoding as read
     CopyFormat format = CopyFormat::SubRip;
     QByteArray copy;        // the copy's bytes
     int copyLines = 0;      // lines of the copy
@@ -80,12 +80,14 @@ struct ZEMSUBFIX_EXPORT FixReport
 // Fixes the bytes of a file named fileName (its extension tells SubRip from
 // ASS/SSA); the copy is in the report and is not written anywhere but a
 // temporary directory, where the library reads it back.
-ZEMSUBFIX_EXPORT FixReport fixBuffer(const QByteArray& bytes, const QString& fileName, const FixOptions& options);
+ZEMSUBFIX_EXPORT FixReport fixBuffer(const QByteArray& bytes, const QString& fileName,
+                                     const FixOptions& options);
 
 // Reads inputPath, fixes it, and writes the copy to outputPath atomically (a
 // temporary file renamed over it). outputPath may be inputPath. When the copy
 // cannot be written, the report says so in error and exitCode() is 1.
-ZEMSUBFIX_EXPORT FixReport fixFile(const QString& inputPath, const QString& outputPath, const FixOptions& options);
+ZEMSUBFIX_EXPORT FixReport fixFile(const QString& inputPath, const QString& outputPath,
+                                   const FixOptions& options);
 
 } // namespace zemsubfix
 

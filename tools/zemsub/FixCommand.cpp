@@ -13,7 +13,8 @@ namespace zemsub::tool {
 
 namespace {
 
-nlohmann::ordered_json reportJson(const QString& input, const QString& output, const zemsubfix::FixReport& report)
+nlohmann::ordered_json reportJson(const QString& input, const QString& output,
+                                  const zemsubfix::FixReport& report)
 {
     nlohmann::ordered_json captions = nlohmann::ordered_json::array();
     for (const zemsubfix::CaptionOutcome& caption : report.captions) {
@@ -67,7 +68,8 @@ void printReport(const QString& input, const QString& output, const zemsubfix::F
             out(QStringLiteral("  cause %1: %2\n").arg(reason.code, reason.text));
     }
     for (long long time : report.shownInGaps)
-        out(QStringLiteral("\nthe copy shows a caption at %1, where none is written\n").arg(formatTime(time)));
+        out(QStringLiteral("\nthe copy shows a caption at %1, where none is written\n")
+                .arg(formatTime(time)));
 }
 
 } // namespace
@@ -76,11 +78,12 @@ int runFix(const QStringList& args)
 {
     SubcommandLine line(
         QStringLiteral("fix"),
-        QStringLiteral("Writes a copy of the file that the library shows the way a modern player shows the "
-                       "original, checks it with the library at each caption's start, middle and end, and says "
-                       "per caption whether it shows as written or why it cannot. The copy's format follows "
-                       "OUT's extension (srt, ass, ssa; SubRip otherwise). Exit 0 when every caption shows as "
-                       "written, 3 when the copy was written but some cannot, 1 when the file cannot be read."));
+        QStringLiteral(
+            "Writes a copy of the file that the library shows the way a modern player shows the "
+            "original, checks it with the library at each caption's start, middle and end, and says "
+            "per caption whether it shows as written or why it cannot. The copy's format follows "
+            "OUT's extension (srt, ass, ssa; SubRip otherwise). Exit 0 when every caption shows as "
+            "written, 3 when the copy was written but some cannot, 1 when the file cannot be read."));
     const QCommandLineOption outputOption({QStringLiteral("o"), QStringLiteral("output")},
                                           QStringLiteral("Write the copy to OUT."), QStringLiteral("OUT"));
     const QCommandLineOption jsonOption(QStringLiteral("json"), QStringLiteral("Write JSON."));
@@ -99,15 +102,17 @@ int runFix(const QStringList& args)
     const QString input = line.positionals(1, 1).first();
     const bool inPlace = line.parser().isSet(inPlaceOption);
     QString output = line.parser().value(outputOption);
-    if (inPlace && !output.isEmpty() && QFileInfo(output).absoluteFilePath() != QFileInfo(input).absoluteFilePath())
+    if (inPlace && !output.isEmpty() &&
+        QFileInfo(output).absoluteFilePath() != QFileInfo(input).absoluteFilePath())
         usageError(QStringLiteral("--in-place writes FILE itself; leave out -o"));
     if (inPlace)
         output = input;
     if (output.isEmpty())
         usageError(QStringLiteral("no copy named: give -o OUT (or --in-place)"));
     const QFileInfo outputInfo(output);
-    const bool sameFile = outputInfo.absoluteFilePath() == QFileInfo(input).absoluteFilePath() ||
-                          (outputInfo.exists() && outputInfo.canonicalFilePath() == QFileInfo(input).canonicalFilePath());
+    const bool sameFile =
+        outputInfo.absoluteFilePath() == QFileInfo(input).absoluteFilePath() ||
+        (outputInfo.exists() && outputInfo.canonicalFilePath() == QFileInfo(input).canonicalFilePath());
     if (!inPlace && sameFile)
         usageError(QStringLiteral("OUT is FILE itself: give --in-place to replace it"));
     if (!QFileInfo::exists(input))
