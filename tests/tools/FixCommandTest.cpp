@@ -272,6 +272,16 @@ TEST(ZemsubFix, UsageUnreadableInPlaceAndJson)
     EXPECT_TRUE(report["outcomes"][0]["asWritten"].get<bool>());
     EXPECT_EQ(report["format"], "srt");
 
+    const QString euro = qs(dir.write("euro.srt", srt(1, "00:00:01,000 --> 00:00:02,000", "\x80 5")));
+    const RunResult forced =
+        runZemsub({"fix", "--json", "--encoding", "WINDOWS-1252", euro, "-o", qs(dir.file("euro-copy.srt"))});
+    EXPECT_EQ(forced.exitCode, 0) << forced.err.toStdString();
+    const nlohmann::json forcedReport = nlohmann::json::parse(forced.out.toStdString());
+    EXPECT_EQ(forcedReport["outcomes"][0]["written"], "\xe2\x82\xac 5");
+    const RunResult unknown = runZemsub({"fix", "--encoding", "NO-SUCH", euro, "-o", qs(dir.file("u.srt"))});
+    EXPECT_EQ(unknown.exitCode, 1);
+    EXPECT_TRUE(unknown.err.contains(QStringLiteral("NO-SUCH")));
+
     const RunResult inPlace = runZemsub({"fix", "--in-place", original});
     EXPECT_EQ(inPlace.exitCode, 0);
     const std::vector<QString> answers = askLibrary(original.toStdString(), {{1500, "one"}});
