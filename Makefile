@@ -21,6 +21,7 @@ build: deps
 # The main job: the tool over the bundled samples.
 demo: build
 	@bash tools/demo.sh $(BUILD)/qt6
+	@bash tools/demo-fix.sh $(BUILD)/qt6
 
 # Configures, builds and runs the whole suite once with Qt 6 and once with Qt 5.
 test: deps

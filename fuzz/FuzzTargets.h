@@ -19,7 +19,8 @@
     X(manager)                                                                                               \
     X(ssa_tags)                                                                                              \
     X(string_ops)                                                                                            \
-    X(lint_reading)
+    X(lint_reading)                                                                                          \
+    X(fix)
 
 #define ZEMSUB_FUZZ_DECLARE(name) int fuzz_##name(const uint8_t* data, size_t size);
 ZEMSUB_FUZZ_TARGETS(ZEMSUB_FUZZ_DECLARE)

@@ -12,3 +12,12 @@ if(TARGET tools_tests)
     target_compile_definitions(tools_tests PRIVATE ZEMSUB_TOOLS_ABSENT)
   endif()
 endif()
+
+# fix_tests drives the companion library that writes fixed copies.
+if(TARGET fix_tests)
+  if(TARGET zemsubfix)
+    target_link_libraries(fix_tests PRIVATE zemsubfix)
+  else()
+    set_target_properties(fix_tests PROPERTIES EXCLUDE_FROM_ALL ON)
+  endif()
+endif()

@@ -3,13 +3,16 @@
 # Included from tests/CMakeLists.txt, where zemsub_test_support is defined.
 set(ZEMSUB_FUZZ_DIR ${PROJECT_SOURCE_DIR}/fuzz)
 file(GLOB fuzz_replay_targets CONFIGURE_DEPENDS ${ZEMSUB_FUZZ_DIR}/targets/*.cpp)
+include(${PROJECT_SOURCE_DIR}/tools/fix/FixSources.cmake)
 add_executable(fuzz_replay_tests
   ${ZEMSUB_FUZZ_DIR}/replay/FuzzReplayTest.cpp
   ${ZEMSUB_FUZZ_DIR}/FuzzSupport.cpp
-  ${fuzz_replay_targets})
+  ${fuzz_replay_targets}
+  ${ZEMSUBFIX_SOURCES})
 target_compile_options(fuzz_replay_tests PRIVATE -Wall -Wextra)
-target_include_directories(fuzz_replay_tests PRIVATE ${ZEMSUB_FUZZ_DIR} ${ZEMSUB_FUZZ_DIR}/targets)
-# The lint reading target needs the tool's reading, also when the tools are not built.
+target_include_directories(fuzz_replay_tests PRIVATE ${ZEMSUB_FUZZ_DIR} ${ZEMSUB_FUZZ_DIR}/targets
+  ${ZEMSUBFIX_INCLUDE_DIRS})
+# The lint reading and fix targets need the tool's reading, also when the tools are not built.
 if(NOT TARGET zemsub_reading)
   include(${PROJECT_SOURCE_DIR}/cmake/ZemsubFFmpeg.cmake)
   add_subdirectory(${PROJECT_SOURCE_DIR}/tools/reading ${CMAKE_BINARY_DIR}/fuzz-replay-reading)

@@ -31,7 +31,12 @@ bool parseHostOptions(const QStringList& arguments, HostOptions& options, int& e
     const QCommandLineOption capture(QStringLiteral("capture"),
                                      QStringLiteral("The PNG file for that frame."), QStringLiteral("file"));
     const QCommandLineOption noWindow(QStringLiteral("no-window"), QStringLiteral("Do not show a window."));
-    parser.addOptions({library, seconds, start, fps, size, captureAt, capture, noWindow});
+    const QCommandLineOption fix(QStringLiteral("fix"),
+                                 QStringLiteral("Fix the file into a temporary copy (zemsubfix) and play that."));
+    const QCommandLineOption fixLibrary(QStringLiteral("fix-library"),
+                                        QStringLiteral("The zemsubfix library file to load."), QStringLiteral("file"),
+                                        QStringLiteral(ZEMSUB_HOST_FIX_LIBRARY));
+    parser.addOptions({library, seconds, start, fps, size, captureAt, capture, noWindow, fix, fixLibrary});
     parser.addPositionalArgument(QStringLiteral("subtitle"), QStringLiteral("The subtitle file to play."));
 
     auto fail = [&](const QString& message) {
@@ -73,5 +78,7 @@ bool parseHostOptions(const QStringList& arguments, HostOptions& options, int& e
         options.capture = parser.value(capture);
     }
     options.window = !parser.isSet(noWindow);
+    options.fix = parser.isSet(fix);
+    options.fixLibrary = parser.value(fixLibrary);
     return true;
 }

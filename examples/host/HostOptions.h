@@ -16,6 +16,8 @@ struct HostOptions
     long long captureAt = -1; // save the first frame with a caption at or after this clock time
     QString capture;          // the PNG for that frame
     bool window = true;       // show the frames in a window
+    bool fix = false;         // play a fixed copy (zemsubfix) instead of the file
+    QString fixLibrary;       // the zemsubfix library file to load
 };
 
 // Parses the arguments; returns false after printing help (exit 0) or an error (exit 2),

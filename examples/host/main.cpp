@@ -1,6 +1,7 @@
 // zemsub-host: an example player for libzemsubtitle.
 #include "HostOptions.h"
 #include "PlayerLoop.h"
+#include "SubtitleFixer.h"
 #include "SubtitleLibrary.h"
 
 #include <QGuiApplication>
@@ -31,6 +32,25 @@ int main(int argc, char** argv)
     if (!library.load()) {
         std::fprintf(stderr, "zemsub-host: %s\n", qPrintable(library.errorString()));
         return 1;
+    }
+    // Fixed before open: the copy shows every caption the way a modern player shows the file.
+    SubtitleFixer fixer(options.fixLibrary);
+    if (options.fix) {
+        if (!fixer.load()) {
+            std::fprintf(stderr, "zemsub-host: %s\n", qPrintable(fixer.errorString()));
+            return 1;
+        }
+        const QString copy = fixer.fix(options.subtitle);
+        if (copy.isEmpty()) {
+            std::fprintf(stderr, "zemsub-host: %s\n", qPrintable(fixer.errorString()));
+            return 1;
+        }
+        int asWritten = 0;
+        for (const zemsubfix::CaptionOutcome& caption : fixer.report().captions)
+            asWritten += caption.asWritten() ? 1 : 0;
+        std::printf("fixed %s: %d of %d captions as written\n", qPrintable(options.subtitle), asWritten,
+                    int(fixer.report().captions.size()));
+        options.subtitle = copy;
     }
     PlayerLoop player(options, library);
     if (!player.open()) {

@@ -60,6 +60,23 @@ TEST(ZemsubHost, StartingThePlayClockLaterShowsNothingAfterTheLastAnsweredCaptio
         << result.out.toStdString();
 }
 
+TEST(ZemsubHost, FixedCopyShowsTheLastCaptionTheOriginalHides)
+{
+    TempDir dir;
+    const QString subtitle = qs(dir.write("host.srt", kTwoCaptions));
+    const QString frame = qs(dir.file("last.png"));
+    const RunResult result = runHost({"--fix", "--seconds", "1", "--start", "10400", "--capture-at", "10500",
+                                      "--capture", frame, "--size", "480x270", subtitle});
+    ASSERT_TRUE(result.finished);
+    EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
+    EXPECT_TRUE(result.out.contains("fixed " + subtitle + ": 2 of 2 captions as written")) << result.out.toStdString();
+    const QRegularExpressionMatch played =
+        QRegularExpression("played (\\d+) frames, (\\d+) with a caption").match(result.out);
+    ASSERT_TRUE(played.hasMatch()) << result.out.toStdString();
+    EXPECT_GE(played.captured(2).toInt(), 10);
+    EXPECT_FALSE(brightPixels(QImage(frame), 200).isNull());
+}
+
 TEST(ZemsubHost, NoCaptionToCaptureExitsOne)
 {
     TempDir dir;

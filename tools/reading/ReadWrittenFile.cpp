@@ -93,6 +93,8 @@ WrittenFile readWrittenFile(const QByteArray& bytes, const QString& fileName, co
     file.formatTitle = events.formatTitle;
     if (!events.read) {
         file.failure = events.failure;
+        if (encoding.forced)
+            file.failure += QStringLiteral(" (text read as %1)").arg(encoding.name);
         return file;
     }
     file.read = true;

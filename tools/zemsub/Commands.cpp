@@ -17,6 +17,7 @@ CommandRunner findCommand(const QString& command)
     static const Entry commands[] = {
         {"info", runInfo},     {"at", runAt},       {"dump", runDump},
         {"render", runRender}, {"sheet", runSheet}, {"lint", runLint},
+        {"fix", runFix},
     };
     for (const Entry& entry : commands) {
         if (command == QLatin1String(entry.name))

@@ -1,12 +1,11 @@
 #include "LibraryView.h"
 
 #include "CommandLine.h"
+#include "ReaderLimits.h"
 #include "TextForm.h"
 
 #include "ISubTitle.h"
 #include "manager/xcSubtitleManager.h"
-#include "parsers/detail/AssLines.h"
-#include "parsers/detail/SrtTraits.h"
 #include "parsers/xcAssParser.h"
 #include "parsers/xcAssParserU.h"
 #include "parsers/xcIdxParser.h"
@@ -314,13 +313,6 @@ QString ManagerSession::textAt(long long ms)
     if (m_manager->IsWide())
         return fromWide(m_manager->GetSubTitleU(ms));
     return fromNarrow(m_manager->GetSubTitle(ms));
-}
-
-int readerLineLimit(int formatCode)
-{
-    // The readers stop at one line past their limit.
-    const bool script = formatCode == CodeScript || formatCode == CodeScriptWide;
-    return (script ? zemsub::detail::kAssLineLimit : zemsub::detail::kSrtLineLimit) - 1;
 }
 
 void requireShown(const FileFacts& facts, const ManagerSession& session)

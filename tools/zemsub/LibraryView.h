@@ -21,9 +21,6 @@ enum FormatCode {
     CodeScriptWide = zemsub::detail::kFormatAssWide,
 };
 
-// Lines the reader of a format code reads at most; a file of more does not open.
-int readerLineLimit(int formatCode);
-
 // What the manager looks at: the first two bytes and the text after the last ".".
 struct FileFacts
 {

@@ -1,5 +1,6 @@
 // The words lint gives each cause: the library's behaviour, in its own terms.
 #include "LintCauses.h"
+#include "ReaderLimits.h"
 
 namespace zemsub::tool {
 
@@ -149,6 +150,30 @@ Cause describeCause(CauseId id, const WrittenFile& file, const LibrarySide& libr
                 QStringLiteral(
                     "values written \"&h...\" read as -1 (the style record and play size are kept as read "
                     "and not used for drawing)")};
+    case CauseId::Drawing:
+        return {id, QStringLiteral("drawing"),
+                QStringLiteral("drawing commands: the library draws text only, so a caption drawn as a shape "
+                               "(\\p1) is not drawn")};
+    case CauseId::Karaoke:
+        return {id, QStringLiteral("karaoke"),
+                QStringLiteral("karaoke timing: the library draws a caption whole, so syllables timed with \\k "
+                               "are not highlighted in turn")};
+    case CauseId::PositionsStyles:
+        return {id, QStringLiteral("positions-styles"),
+                QStringLiteral("positions and styles that the library does not draw: every caption is drawn in "
+                               "the one font, colour and place the player sets")};
+    case CauseId::TooLong:
+        return {id, QStringLiteral("too-long"),
+                QStringLiteral("a file too long for the %1-line limit: the reader's Open answers false for "
+                               "a file of more than %1 lines")
+                    .arg(readerLineLimit(library.formatCode))};
+    case CauseId::TimeZero:
+        return {id, QStringLiteral("time-zero"),
+                QStringLiteral("time 0 shows nothing: the script look-up answers nothing at 0 ms")};
+    case CauseId::TimePrecision:
+        return {id, QStringLiteral("time-precision"),
+                QStringLiteral("script times are read in hundredths of a second, so a time between two "
+                               "hundredths cannot be written")};
     case CauseId::Unexplained:
         return {id, QStringLiteral("unexplained"),
                 QStringLiteral("none of the behaviours lint knows explains this difference")};

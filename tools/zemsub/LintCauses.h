@@ -38,6 +38,13 @@ enum class CauseId {
     Encoding,
     OtherFormat,
     HexValue,
+    // What no copy can make the library show.
+    Drawing,
+    Karaoke,
+    PositionsStyles,
+    TooLong,
+    TimeZero,
+    TimePrecision,
     Unexplained,
 };
 

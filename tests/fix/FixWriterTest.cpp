@@ -1,0 +1,251 @@
+// The copies zemsubfix writes, asked through the library as a player asks it.
+#include "FixSupport.h"
+#include "support/TestFiles.h"
+
+#include <QFile>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+
+struct Fixed
+{
+    zemsubfix::FixReport report;
+    std::string copy;
+};
+
+class FixWriter : public ::testing::Test
+{
+protected:
+    Fixed fix(const std::string& bytes, const std::string& name, const std::string& copyName = "copy.srt")
+    {
+        return Fixed{fixInto(dir.path(), bytes, name, copyName), dir.file(copyName)};
+    }
+
+    // The library shows each caption at its start, middle and end, and nothing in the gaps.
+    void expectShows(const Fixed& fixed, const std::vector<Shown>& shown)
+    {
+        ASSERT_TRUE(fixed.report.readable) << fixed.report.error.toStdString();
+        ASSERT_TRUE(fixed.report.copyOpens);
+        const std::vector<Expected> questions = questionsFor(shown);
+        const std::vector<QString> answers = askLibrary(fixed.copy, questions);
+        ASSERT_EQ(answers.size(), questions.size());
+        for (size_t i = 0; i < questions.size(); ++i) {
+            EXPECT_EQ(answers[i].isNull(), questions[i].text.isNull()) << "at " << questions[i].time;
+            EXPECT_EQ(answers[i], questions[i].text) << "at " << questions[i].time;
+        }
+    }
+
+    TempDir dir;
+};
+
+std::string entry(int number, const std::string& times, const std::string& lines, const char* end = "\n")
+{
+    return std::to_string(number) + end + times + end + lines + end + end;
+}
+
+TEST_F(FixWriter, CrLfFileShowsEveryCaptionTheLastIncluded)
+{
+    const Fixed fixed = fix(entry(1, "00:00:01,000 --> 00:00:02,000", "One\r\nline two", "\r\n") +
+                                entry(2, "00:00:03,000 --> 00:00:04,500", "Two", "\r\n"),
+                            "crlf.srt");
+    expectShows(fixed, {{1000, 2000, "One\nline two"}, {3000, 4500, "Two"}});
+    EXPECT_EQ(fixed.report.exitCode(), 0);
+    EXPECT_FALSE(fixed.report.copy.contains('\r'));
+}
+
+TEST_F(FixWriter, FileOfOneEntryShowsIt)
+{
+    const Fixed fixed = fix(entry(1, "00:00:01,000 --> 00:00:02,000", "Alone"), "one.srt");
+    expectShows(fixed, {{1000, 2000, "Alone"}});
+    EXPECT_EQ(fixed.report.exitCode(), 0);
+}
+
+TEST_F(FixWriter, CaptionsOfThreeAndMoreLinesShowInOrder)
+{
+    const Fixed fixed = fix(entry(1, "00:00:01,000 --> 00:00:02,000", "A\nB\nC") +
+                                entry(2, "00:00:03,000 --> 00:00:04,000", "one") +
+                                entry(3, "00:00:05,000 --> 00:00:06,000", "1\n2\n3\n4") +
+                                entry(4, "00:00:07,000 --> 00:00:08,000", "p\nq") +
+                                entry(5, "00:00:09,000 --> 00:00:10,000", "v\nw\nx\ny\nz"),
+                            "lines.srt");
+    expectShows(fixed, {{1000, 2000, "A\nB\nC"},
+                        {3000, 4000, "one"},
+                        {5000, 6000, "1\n2\n3\n4"},
+                        {7000, 8000, "p\nq"},
+                        {9000, 10000, "v\nw\nx\ny\nz"}});
+    EXPECT_EQ(fixed.report.exitCode(), 0);
+}
+
+TEST_F(FixWriter, DigitLinesArrowsAndNumberingAsWritten)
+{
+    const Fixed fixed = fix(entry(7, "00:00:01,000 --> 00:00:02,000", "2001") +
+                                entry(7, "00:00:03,000 --> 00:00:04,000", "a --> b\n42") +
+                                entry(3, "00:00:05,000 -->00:00:06,000", "x"),
+                            "numbers.srt");
+    expectShows(fixed, {{1000, 2000, "2001"}, {3000, 4000, "a --> b\n42"}, {5000, 6000, "x"}});
+    EXPECT_EQ(fixed.report.exitCode(), 0);
+}
+
+TEST_F(FixWriter, FractionsOfAnyLengthAndTimeZero)
+{
+    const Fixed fixed =
+        fix(entry(1, "00:00:00,0 --> 00:00:01,5", "zero") + entry(2, "00:00:02,25 --> 00:00:03,1250", "two"),
+            "fractions.srt");
+    // The digits are milliseconds, however many there are, as FFmpeg reads them.
+    expectShows(fixed, {{0, 1005, "zero"}, {2025, 4250, "two"}});
+    EXPECT_EQ(fixed.report.exitCode(), 0);
+}
+
+TEST_F(FixWriter, AdjacentCaptionsSwitchAtTheExactMillisecond)
+{
+    const Fixed fixed = fix(entry(1, "00:00:01,000 --> 00:00:02,000", "first") +
+                                entry(2, "00:00:02,000 --> 00:00:03,000", "second"),
+                            "adjacent.srt");
+    const std::vector<QString> answers =
+        askLibrary(fixed.copy, {{1999, "first"}, {2000, "second"}, {2999, "second"}, {3000, QString()}});
+    ASSERT_EQ(answers.size(), 4u);
+    EXPECT_EQ(answers[0], QStringLiteral("first"));
+    EXPECT_EQ(answers[1], QStringLiteral("second"));
+    EXPECT_EQ(answers[2], QStringLiteral("second"));
+    EXPECT_TRUE(answers[3].isNull());
+}
+
+TEST_F(FixWriter, CaptionsOnScreenTogetherAreJoined)
+{
+    const Fixed fixed = fix(entry(1, "00:00:01,000 --> 00:00:03,000", "under") +
+                                entry(2, "00:00:02,000 --> 00:00:04,000", "over"),
+                            "overlap.srt");
+    expectShows(fixed, {{1000, 2000, "under"}, {2000, 3000, "over\nunder"}, {3000, 4000, "over"}});
+    EXPECT_EQ(fixed.report.exitCode(), 0);
+}
+
+TEST_F(FixWriter, RepeatAfterAGapIsDrawnAgain)
+{
+    const Fixed fixed = fix(entry(1, "00:00:01,000 --> 00:00:02,000", "again") +
+                                entry(2, "00:00:03,000 --> 00:00:04,000", "again") +
+                                entry(3, "00:00:05,000 --> 00:00:06,000", "again"),
+                            "repeat.srt");
+    expectShows(fixed, {{1000, 2000, "again"}, {3000, 4000, "again"}, {5000, 6000, "again"}});
+    EXPECT_EQ(fixed.report.exitCode(), 0);
+}
+
+TEST_F(FixWriter, MarkupIsRemovedAndItsStylesReported)
+{
+    const Fixed fixed = fix(entry(1, "00:00:01,000 --> 00:00:02,000", "<i>Hi</i> {\\an8}there") +
+                                entry(2, "00:00:03,000 --> 00:00:04,000", "plain 3 > 2 < 4 x"),
+                            "markup.srt");
+    expectShows(fixed, {{1000, 2000, "Hi there"}, {3000, 4000, "plain 3 > 2 < 4 x"}});
+    ASSERT_EQ(fixed.report.captions.size(), 2u);
+    EXPECT_TRUE(fixed.report.captions[0].textShown);
+    ASSERT_EQ(fixed.report.captions[0].reasons.size(), 1u);
+    EXPECT_EQ(fixed.report.captions[0].reasons[0].code, QStringLiteral("positions-styles"));
+    EXPECT_TRUE(fixed.report.captions[1].asWritten());
+    EXPECT_EQ(fixed.report.exitCode(), 3);
+}
+
+TEST_F(FixWriter, Utf16FileBecomesNarrowText)
+{
+    const Fixed fixed = fix(utf16le(entry(1, "00:00:01,000 --> 00:00:02,000", "wide") +
+                                    entry(2, "00:00:03,000 --> 00:00:04,000", "text")),
+                            "wide.srt");
+    expectShows(fixed, {{1000, 2000, "wide"}, {3000, 4000, "text"}});
+    EXPECT_NE(static_cast<unsigned char>(fixed.report.copy[0]), 0xFF);
+    EXPECT_EQ(fixed.report.exitCode(), 0);
+}
+
+TEST_F(FixWriter, ScriptCopyShowsEveryLineAndTheLastDialogue)
+{
+    const std::string script =
+        "[Script Info]\n[Events]\n"
+        "Format: Layer, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text\n"
+        "Dialogue: 0,0:00:00.00,0:00:01.00,Default,,0,0,0,,{\\b1}a\\Nb\\Nc\n"
+        "Dialogue: 0,0:00:02.00,0:00:03.00,Default,,0,0,0,,x = <y>\\N\\Nz\n"
+        "Style: Default,Arial,&h20,&H00FFFFFF\n";
+    const Fixed srt = fix(script, "moved.ass", "copy.srt");
+    expectShows(srt, {{0, 1000, "a\nb\nc"}, {2000, 3000, "x = <y>\n\nz"}});
+    EXPECT_EQ(srt.report.captions[1].reasons.size(), 0u);
+
+    const Fixed ass = fix(script, "moved.ass", "copy.ass");
+    ASSERT_TRUE(ass.report.copyOpens);
+    EXPECT_TRUE(ass.report.copy.contains("ScriptType: v4.00+"));
+    EXPECT_FALSE(ass.report.copy.toLower().contains("&h"));
+    const std::vector<QString> answers =
+        askLibrary(ass.copy, {{1, "a\nb\nc"}, {999, "a\nb\nc"}, {2500, QString()}});
+    ASSERT_EQ(answers.size(), 3u);
+    EXPECT_EQ(answers[0], QStringLiteral("a\nb\nc"));
+    EXPECT_EQ(answers[1], QStringLiteral("a\nb\nc"));
+    // Time 0 and text between "<" and ">" are what a script cannot show.
+    std::vector<QString> codes;
+    for (const zemsubfix::Reason& reason : ass.report.captions[0].reasons)
+        codes.push_back(reason.code);
+    EXPECT_NE(std::find(codes.begin(), codes.end(), QStringLiteral("time-zero")), codes.end());
+    EXPECT_FALSE(ass.report.captions[1].textShown);
+    EXPECT_EQ(ass.report.captions[1].reasons.back().code, QStringLiteral("angle-pair"));
+    EXPECT_EQ(ass.report.exitCode(), 3);
+}
+
+TEST_F(FixWriter, DrawingAndKaraokeAreReported)
+{
+    const std::string script =
+        "[Script Info]\nScriptType: v4.00+\n[Events]\n"
+        "Format: Layer, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text\n"
+        "Dialogue: 0,0:00:01.00,0:00:02.00,Default,,0,0,0,,{\\p1}m 0 0 l 10 0 10 10{\\p0}\n"
+        "Dialogue: 0,0:00:03.00,0:00:04.00,Default,,0,0,0,,{\\k20}ka{\\k30}ra\n";
+    const Fixed fixed = fix(script, "effects.ass");
+    ASSERT_EQ(fixed.report.captions.size(), 2u);
+    ASSERT_FALSE(fixed.report.captions[0].reasons.empty());
+    EXPECT_EQ(fixed.report.captions[0].reasons[0].code, QStringLiteral("drawing"));
+    ASSERT_FALSE(fixed.report.captions[1].reasons.empty());
+    EXPECT_EQ(fixed.report.captions[1].reasons[0].code, QStringLiteral("karaoke"));
+    expectShows(fixed, {{3000, 4000, "kara"}});
+    EXPECT_EQ(fixed.report.exitCode(), 3);
+}
+
+TEST_F(FixWriter, ForcedEncodingReadsTheText)
+{
+    zemsubfix::FixOptions options;
+    options.encoding = QStringLiteral("WINDOWS-1252");
+    const zemsubfix::FixReport report =
+        zemsubfix::fixBuffer(QByteArray(entry(1, "00:00:01,000 --> 00:00:02,000", "\x80 5").c_str()),
+                             QStringLiteral("euro.srt"), options);
+    ASSERT_TRUE(report.readable);
+    ASSERT_EQ(report.captions.size(), 1u);
+    EXPECT_EQ(report.captions[0].text, QString::fromUtf8("\xe2\x82\xac 5"));
+    options.encoding = QStringLiteral("NO-SUCH-ENCODING");
+    EXPECT_FALSE(zemsubfix::fixBuffer("x", QStringLiteral("a.srt"), options).readable);
+}
+
+TEST_F(FixWriter, UnreadableInputWritesNothing)
+{
+    const Fixed fixed = fix("just some words\n", "notes.txt");
+    EXPECT_FALSE(fixed.report.readable);
+    EXPECT_EQ(fixed.report.exitCode(), 1);
+    EXPECT_FALSE(QFile::exists(QString::fromStdString(fixed.copy)));
+}
+
+TEST_F(FixWriter, CopyBeyondTheLineLimitIsReported)
+{
+    std::string ordered;
+    for (int i = 0; i < 5000; ++i) {
+        const long long start = 1000LL * i;
+        const auto clock = [](long long ms) {
+            char buffer[32];
+            std::snprintf(buffer, sizeof buffer, "%02lld:%02lld:%02lld,%03lld", ms / 3600000, ms / 60000 % 60,
+                          ms / 1000 % 60, ms % 1000);
+            return std::string(buffer);
+        };
+        ordered += entry(i + 1, clock(start) + " --> " + clock(start + 500), "a\nb\nc" + std::to_string(i));
+    }
+    const Fixed fixed = fix(ordered, "long.srt");
+    ASSERT_TRUE(fixed.report.readable);
+    EXPECT_GT(fixed.report.copyLines, 20000);
+    EXPECT_FALSE(fixed.report.copyOpens);
+    ASSERT_FALSE(fixed.report.captions.empty());
+    EXPECT_EQ(fixed.report.captions[0].reasons[0].code, QStringLiteral("too-long"));
+    EXPECT_EQ(fixed.report.exitCode(), 3);
+}
+
+} // namespace

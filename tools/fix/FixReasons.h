@@ -1,0 +1,14 @@
+#ifndef ZEMSUBFIX_FIXREASONS_H
+#define ZEMSUBFIX_FIXREASONS_H
+
+#include "LintCauses.h"
+#include "ZemsubFix.h"
+
+namespace zemsubfix {
+
+// A cause in lint's words.
+Reason reasonFor(zemsub::tool::CauseId id, CopyFormat format);
+
+} // namespace zemsubfix
+
+#endif

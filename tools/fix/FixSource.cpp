@@ -1,0 +1,108 @@
+#include "FixSource.h"
+
+#include "reading/EventText.h"
+#include "reading/ReadWrittenFile.h"
+
+#include <QRegularExpression>
+
+namespace zemsubfix {
+
+namespace {
+
+using zemsub::tool::CauseId;
+
+// Override blocks and markup: what they ask the player to draw besides the text.
+std::vector<CauseId> markupCauses(const QString& raw)
+{
+    std::vector<CauseId> causes;
+    auto add = [&causes](CauseId id) {
+        for (CauseId known : causes) {
+            if (known == id)
+                return;
+        }
+        causes.push_back(id);
+    };
+    static const QRegularExpression block(QStringLiteral("\\{([^}]*)\\}"));
+    static const QRegularExpression tag(QStringLiteral("\\\\([a-zA-Z]+)(\\d*)"));
+    for (auto blocks = block.globalMatch(raw); blocks.hasNext();) {
+        const QString inside = blocks.next().captured(1);
+        for (auto tags = tag.globalMatch(inside); tags.hasNext();) {
+            const QRegularExpressionMatch match = tags.next();
+            const QString name = match.captured(1);
+            const QString number = match.captured(2);
+            if (name == QLatin1String("p"))
+                add(number.toInt() > 0 ? CauseId::Drawing : CauseId::PositionsStyles);
+            else if (name == QLatin1String("k") || name == QLatin1String("K") ||
+                     name == QLatin1String("kf") || name == QLatin1String("ko"))
+                add(CauseId::Karaoke);
+            else
+                add(CauseId::PositionsStyles);
+        }
+    }
+    static const QRegularExpression html(QStringLiteral("<\\s*/?\\s*(?:i|b|u|s|font)(?:\\s[^>]*)?>"),
+                                         QRegularExpression::CaseInsensitiveOption);
+    if (html.match(raw).hasMatch())
+        add(CauseId::PositionsStyles);
+    return causes;
+}
+
+// A script's text without the drawing commands between {\p1} and {\p0}.
+QString withoutDrawing(const QString& raw)
+{
+    static const QRegularExpression block(QStringLiteral("\\{[^}]*\\}"));
+    static const QRegularExpression drawingLevel(QStringLiteral("\\\\p(\\d+)"));
+    QString kept;
+    bool drawing = false;
+    int from = 0;
+    for (auto blocks = block.globalMatch(raw); blocks.hasNext();) {
+        const QRegularExpressionMatch match = blocks.next();
+        if (!drawing)
+            kept += raw.mid(from, match.capturedStart() - from);
+        kept += match.captured();
+        for (auto levels = drawingLevel.globalMatch(match.captured()); levels.hasNext();)
+            drawing = levels.next().captured(1).toInt() > 0;
+        from = match.capturedEnd();
+    }
+    if (!drawing)
+        kept += raw.mid(from);
+    return kept;
+}
+
+} // namespace
+
+SourceFile readSource(const QByteArray& bytes, const QString& fileName, const QString& forcedEncoding)
+{
+    using namespace zemsub::tool;
+    SourceFile source;
+    const WrittenFile written = readWrittenFile(bytes, fileName, forcedEncoding);
+    if (written.failed()) {
+        source.error = written.failure;
+        return source;
+    }
+    if (written.pictures) {
+        source.error = QStringLiteral("its subtitles are pictures, not text");
+        return source;
+    }
+    source.readable = true;
+    source.encoding = written.encoding;
+    for (const WrittenBlock& block : written.blocks) {
+        SourceCaption caption;
+        caption.index = block.index;
+        caption.line = block.line;
+        caption.start = block.start;
+        caption.end = block.end;
+        caption.text = block.text;
+        const QString raw = written.kind == WrittenKind::Script && block.rawLines.isEmpty()
+                                ? eventTextField(block.event)
+                                : block.rawLines.join(QLatin1Char('\n'));
+        caption.notDrawn = markupCauses(raw);
+        for (CauseId id : caption.notDrawn) {
+            if (id == CauseId::Drawing && written.kind == WrittenKind::Script)
+                caption.text = shownText(withoutDrawing(raw));
+        }
+        source.captions.push_back(caption);
+    }
+    return source;
+}
+
+} // namespace zemsubfix

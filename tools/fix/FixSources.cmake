@@ -1,0 +1,18 @@
+# The companion library's sources, for the shared library here and for the
+# fuzz builds, which compile them again with their own instrumentation.
+set(ZEMSUBFIX_DIR ${CMAKE_CURRENT_LIST_DIR})
+set(ZEMSUBFIX_SOURCES
+  ${ZEMSUBFIX_DIR}/CaptionLines.cpp
+  ${ZEMSUBFIX_DIR}/CopyCheck.cpp
+  ${ZEMSUBFIX_DIR}/FixReasons.cpp
+  ${ZEMSUBFIX_DIR}/FixSource.cpp
+  ${ZEMSUBFIX_DIR}/LineSink.cpp
+  ${ZEMSUBFIX_DIR}/ScriptWriter.cpp
+  ${ZEMSUBFIX_DIR}/Stretch.cpp
+  ${ZEMSUBFIX_DIR}/SubRipWriter.cpp
+  ${ZEMSUBFIX_DIR}/ZemsubFix.cpp
+  # lint's words for the causes, and the readers' line limits they quote.
+  ${ZEMSUBFIX_DIR}/../zemsub/LintCauseTexts.cpp
+  ${ZEMSUBFIX_DIR}/../zemsub/ReaderLimits.cpp)
+set(ZEMSUBFIX_INCLUDE_DIRS ${ZEMSUBFIX_DIR} ${ZEMSUBFIX_DIR}/../zemsub ${ZEMSUBFIX_DIR}/..)
+# The original is read by the tool's reading (zemsub_reading), linked beside.

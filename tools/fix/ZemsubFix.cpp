@@ -1,0 +1,171 @@
+#include "ZemsubFix.h"
+
+#include "CaptionLines.h"
+#include "CopyCheck.h"
+#include "FixReasons.h"
+#include "FixSource.h"
+#include "ReaderLimits.h"
+#include "ScriptWriter.h"
+#include "Stretch.h"
+#include "SubRipWriter.h"
+#include "manager/detail/FormatCodes.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSaveFile>
+#include <QTemporaryDir>
+
+#include <algorithm>
+
+namespace zemsubfix {
+
+namespace {
+
+using zemsub::tool::CauseId;
+
+bool survivesLocalCodec(const QString& text)
+{
+    return QString::fromLocal8Bit(text.toLocal8Bit()) == text;
+}
+
+// Why a caption did not show as written, when nothing known beforehand says so.
+std::vector<CauseId> diagnose(const SourceCaption& caption, const FixReport& report, const CopyCheck& check,
+                              int index)
+{
+    std::vector<CauseId> causes;
+    const bool script = report.format != CopyFormat::SubRip;
+    if (!check.opened && report.copyLines > zemsub::tool::readerLineLimit(script ? zemsub::detail::kFormatAss : zemsub::detail::kFormatSrt))
+        causes.push_back(CauseId::TooLong);
+    if (!survivesLocalCodec(caption.text))
+        causes.push_back(CauseId::Encoding);
+    if (script) {
+        if (std::find(check.missedAtZero.begin(), check.missedAtZero.end(), index) !=
+            check.missedAtZero.end())
+            causes.push_back(CauseId::TimeZero);
+        if (caption.start % 10 != 0 || caption.end % 10 != 0)
+            causes.push_back(CauseId::TimePrecision);
+        static const QRegularExpression angle(QStringLiteral("<[^>]*>"));
+        if (angle.match(caption.text).hasMatch())
+            causes.push_back(CauseId::AnglePair);
+    }
+    if (causes.empty())
+        causes.push_back(CauseId::Unexplained);
+    return causes;
+}
+
+} // namespace
+
+CopyFormat formatForPath(const QString& path)
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    if (suffix == QLatin1String("ass"))
+        return CopyFormat::Ass;
+    if (suffix == QLatin1String("ssa"))
+        return CopyFormat::Ssa;
+    return CopyFormat::SubRip;
+}
+
+QString formatExtension(CopyFormat format)
+{
+    switch (format) {
+    case CopyFormat::Ass:
+        return QStringLiteral("ass");
+    case CopyFormat::Ssa:
+        return QStringLiteral("ssa");
+    case CopyFormat::SubRip:
+        break;
+    }
+    return QStringLiteral("srt");
+}
+
+bool FixReport::allAsWritten() const
+{
+    if (!readable || !copyOpens || !shownInGaps.empty())
+        return false;
+    for (const CaptionOutcome& caption : captions) {
+        if (!caption.asWritten())
+            return false;
+    }
+    return true;
+}
+
+int FixReport::exitCode() const
+{
+    if (!readable || !error.isEmpty())
+        return 1;
+    return allAsWritten() ? 0 : 3;
+}
+
+FixReport fixBuffer(const QByteArray& bytes, const QString& fileName, const FixOptions& options)
+{
+    FixReport report;
+    report.format = options.format;
+    const SourceFile source = readSource(bytes, fileName, options.encoding);
+    if (!source.readable) {
+        report.error = source.error;
+        return report;
+    }
+    report.readable = true;
+    report.encoding = source.encoding;
+
+    const std::vector<Stretch> stretches = buildStretches(source.captions);
+    const CopyText copy =
+        options.format == CopyFormat::SubRip ? writeSubRip(stretches) : writeScript(stretches);
+    report.copy = copy.text.toLocal8Bit();
+    report.copyLines = copy.lines;
+
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("copy.") + formatExtension(options.format));
+    QFile file(path);
+    if (!dir.isValid() || !file.open(QIODevice::WriteOnly) || file.write(report.copy) != report.copy.size()) {
+        report.error = QStringLiteral("cannot write a temporary copy to check it");
+        return report;
+    }
+    file.close();
+    const CopyCheck check = checkCopy(path, source.captions, stretches, options.format == CopyFormat::SubRip);
+    report.copyOpens = check.opened;
+    report.shownInGaps = check.shownInGaps;
+
+    for (int i = 0; i < int(source.captions.size()); ++i) {
+        const SourceCaption& caption = source.captions[size_t(i)];
+        CaptionOutcome outcome;
+        outcome.index = caption.index;
+        outcome.line = caption.line;
+        outcome.start = caption.start;
+        outcome.end = caption.end;
+        outcome.text = caption.text;
+        outcome.textShown = check.captionShown[size_t(i)];
+        for (CauseId id : caption.notDrawn)
+            outcome.reasons.push_back(reasonFor(id, options.format));
+        if (!outcome.textShown) {
+            for (CauseId id : diagnose(caption, report, check, i))
+                outcome.reasons.push_back(reasonFor(id, options.format));
+        }
+        report.captions.push_back(outcome);
+    }
+    return report;
+}
+
+FixReport fixFile(const QString& inputPath, const QString& outputPath, const FixOptions& options)
+{
+    QFile input(inputPath);
+    if (!input.open(QIODevice::ReadOnly)) {
+        FixReport report;
+        report.format = options.format;
+        report.error = QStringLiteral("cannot open: %1").arg(input.errorString());
+        return report;
+    }
+    const QByteArray bytes = input.readAll();
+    input.close();
+    FixReport report = fixBuffer(bytes, inputPath, options);
+    if (!report.readable || !report.error.isEmpty())
+        return report;
+    QSaveFile output(outputPath);
+    if (!output.open(QIODevice::WriteOnly) || output.write(report.copy) != report.copy.size() ||
+        !output.commit())
+        report.error = QStringLiteral("cannot write %1: %2").arg(outputPath, output.errorString());
+    return report;
+}
+
+} // namespace zemsubfix

@@ -1,0 +1,94 @@
+#ifndef ZEMSUBFIX_ZEMSUBFIX_H
+#define ZEMSUBFIX_ZEMSUBFIX_H
+
+// zemsubfix: writes a copy of a subtitle file that libzemsubtitle, as it is,
+// shows the way a modern player shows the original, and says per caption
+// whether the copy shows it as written or why it cannot.
+//
+// Installed as <prefix>/include/zemsubtitle/fix/ZemsubFix.h; link with
+// zemsubtitle::zemsubfix (CMake) or `pkg-config zemsubfix`.
+//
+//     zemsubfix::FixReport report = zemsubfix::fixFile(original, copy, {});
+//     if (report.readable && player->open(copy)) ...
+//
+// Every call reads and writes files only where its arguments say, prints
+// nothing and keeps no state. The copy is narrow text in the process's local
+// 8-bit codec (UTF-8 under a UTF-8 locale) with line feeds.
+
+#include "ZemsubFixExport.h"
+
+#include <QByteArray>
+#include <QString>
+#include <vector>
+
+namespace zemsubfix {
+
+enum class CopyFormat {
+    SubRip, // .srt
+    Ass,    // .ass
+    Ssa,    // .ssa: the same script text as .ass
+};
+
+// The copy's format for a path: by its extension (srt, ass, ssa in any case), SubRip otherwise.
+ZEMSUBFIX_EXPORT CopyFormat formatForPath(const QString& path);
+// The extension of a format, without the dot.
+ZEMSUBFIX_EXPORT QString formatExtension(CopyFormat format);
+
+struct FixOptions
+{
+    CopyFormat format = CopyFormat::SubRip;
+    QString encoding; // the input's encoding (an iconv name) when detection guesses wrong; empty: detected
+};
+
+// Why a caption cannot show as written: a stable code and the words lint uses.
+struct Reason
+{
+    QString code;
+    QString text;
+};
+
+// What the copy shows of one caption of the original.
+struct CaptionOutcome
+{
+    int index = 0; // 1-based, in the original's order
+    int line = 0;  // 1-based line of the original where it begins
+    long long start = 0;
+    long long end = 0;
+    QString text;                // as a modern player shows it, lines joined by "\n"
+    bool textShown = false;      // the library showed the text at its start, middle and end
+    std::vector<Reason> reasons; // empty when the caption shows as written
+    bool asWritten() const { return textShown && reasons.empty(); }
+};
+
+struct ZEMSUBFIX_EXPORT FixReport
+{
+    bool readable = false; // false: the input cannot be read, nothing was written
+    QString error;         // why, when not readable or when the copy could not be written
+    QString encoding;      // the input's encoding as read
+    CopyFormat format = CopyFormat::SubRip;
+    QByteArray copy;        // the copy's bytes
+    int copyLines = 0;      // lines of the copy
+    bool copyOpens = false; // the library opened the copy
+    std::vector<CaptionOutcome> captions;
+    std::vector<long long> shownInGaps; // times where the copy shows a caption but the original none
+
+    bool allAsWritten() const;
+    // 0 every caption shows as written; 3 the copy was written but some cannot; 1 unreadable.
+    int exitCode() const;
+};
+
+// Fixes the bytes of a file named fileName (its extension tells SubRip from
+// ASS/SSA); the copy is in the report and is not written anywhere but a
+// temporary directory, where the library reads it back.
+ZEMSUBFIX_EXPORT FixReport fixBuffer(const QByteArray& bytes, const QString& fileName,
+                                     const FixOptions& options);
+
+// Reads inputPath, fixes it, and writes the copy to outputPath atomically (a
+// temporary file renamed over it). outputPath may be inputPath. When the copy
+// cannot be written, the report says so in error and exitCode() is 1.
+ZEMSUBFIX_EXPORT FixReport fixFile(const QString& inputPath, const QString& outputPath,
+                                   const FixOptions& options);
+
+} // namespace zemsubfix
+
+#endif

@@ -1,0 +1,16 @@
+#include "ReaderLimits.h"
+
+#include "manager/detail/FormatCodes.h"
+#include "parsers/detail/AssLines.h"
+#include "parsers/detail/SrtTraits.h"
+
+namespace zemsub::tool {
+
+int readerLineLimit(int formatCode)
+{
+    // The readers stop at one line past their limit.
+    const bool script = formatCode == zemsub::detail::kFormatAss || formatCode == zemsub::detail::kFormatAssWide;
+    return (script ? zemsub::detail::kAssLineLimit : zemsub::detail::kSrtLineLimit) - 1;
+}
+
+} // namespace zemsub::tool
