@@ -3,11 +3,11 @@
 #include <cctype>
 #include <cstdio>
 
-#include "parsers/detail/AssFields.h"
-#include "parsers/detail/AssLines.h"
-#include "parsers/detail/AssLookup.h"
-#include "parsers/detail/AssScript.h"
-#include "parsers/detail/SsaTags.h"
+#include "parsers/detail/ass/AssFields.h"
+#include "parsers/detail/ass/AssLines.h"
+#include "parsers/detail/lookup/AssLookup.h"
+#include "parsers/detail/ass/AssScript.h"
+#include "parsers/detail/ass/SsaTags.h"
 
 using zemsub::detail::AssNarrow;
 

@@ -1,9 +1,9 @@
 #include "parsers/xcSrtParser.h"
 
-#include "parsers/detail/ScanIndex.h"
-#include "parsers/detail/SrtMapBuilder.h"
-#include "parsers/detail/SrtReading.h"
-#include "parsers/detail/SrtTraits.h"
+#include "parsers/detail/lookup/ScanIndex.h"
+#include "parsers/detail/srt/SrtMapBuilder.h"
+#include "parsers/detail/srt/SrtReading.h"
+#include "parsers/detail/srt/SrtTraits.h"
 
 using zemsub::detail::SrtNarrow;
 

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "parsers/detail/AssLookup.h"
+#include "parsers/detail/lookup/AssLookup.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include "parsers/detail/ScanIndex.h"
+#include "parsers/detail/lookup/ScanIndex.h"
 
 using zemsub::detail::ScanIndex;
 

@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "parsers/detail/SrtMapBuilder.h"
+#include "parsers/detail/srt/SrtMapBuilder.h"
 
 namespace {
 

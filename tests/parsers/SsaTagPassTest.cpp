@@ -13,8 +13,8 @@
 #include <string>
 #include <vector>
 
-#include "parsers/detail/SsaTagPass.h"
-#include "parsers/detail/SsaTags.h"
+#include "parsers/detail/ass/SsaTagPass.h"
+#include "parsers/detail/ass/SsaTags.h"
 #include "parsers/xcAssParser.h"
 #include "parsers/xcAssParserU.h"
 

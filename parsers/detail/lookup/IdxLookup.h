@@ -1,5 +1,5 @@
-#ifndef ZEMSUB_PARSERS_DETAIL_IDXLOOKUP_H
-#define ZEMSUB_PARSERS_DETAIL_IDXLOOKUP_H
+#ifndef ZEMSUB_PARSERS_DETAIL_LOOKUP_IDXLOOKUP_H
+#define ZEMSUB_PARSERS_DETAIL_LOOKUP_IDXLOOKUP_H
 
 // Time to .sub position look-up of the VobSub index twins (GetFilePos).
 

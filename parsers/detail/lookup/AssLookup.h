@@ -1,12 +1,12 @@
-#ifndef ZEMSUB_PARSERS_DETAIL_ASSLOOKUP_H
-#define ZEMSUB_PARSERS_DETAIL_ASSLOOKUP_H
+#ifndef ZEMSUB_PARSERS_DETAIL_LOOKUP_ASSLOOKUP_H
+#define ZEMSUB_PARSERS_DETAIL_LOOKUP_ASSLOOKUP_H
 
 // Which ASS/SSA entry shows at a time.
 
 #include <map>
 #include <vector>
 
-#include "parsers/detail/CoverIndex.h"
+#include "parsers/detail/lookup/CoverIndex.h"
 
 namespace zemsub::detail {
 

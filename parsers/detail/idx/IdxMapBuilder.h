@@ -1,15 +1,15 @@
-#ifndef ZEMSUB_PARSERS_DETAIL_IDXMAPBUILDER_H
-#define ZEMSUB_PARSERS_DETAIL_IDXMAPBUILDER_H
+#ifndef ZEMSUB_PARSERS_DETAIL_IDX_IDXMAPBUILDER_H
+#define ZEMSUB_PARSERS_DETAIL_IDX_IDXMAPBUILDER_H
 
 // From the line list of an index file to its entry map and colour settings
-// (ConvertBufToIdxMap), for either twin (see IdxTwins.h).
+// (ConvertBufToIdxMap), for either twin (see IdxTraits.h).
 
 #include <cstdint>
 #include <map>
 #include <vector>
 
-#include "parsers/detail/IdxFields.h"
-#include "parsers/detail/IdxText.h"
+#include "parsers/detail/idx/IdxFields.h"
+#include "parsers/detail/idx/IdxText.h"
 
 namespace zemsub::detail {
 

@@ -1,5 +1,5 @@
-#ifndef ZEMSUB_PARSERS_DETAIL_SSATAGS_H
-#define ZEMSUB_PARSERS_DETAIL_SSATAGS_H
+#ifndef ZEMSUB_PARSERS_DETAIL_ASS_SSATAGS_H
+#define ZEMSUB_PARSERS_DETAIL_ASS_SSATAGS_H
 
 // RemoveSSATags, shared by both ASS/SSA parsers.
 
@@ -7,7 +7,7 @@
 #include <type_traits>
 #include <utility>
 
-#include "parsers/detail/SsaTagPass.h"
+#include "parsers/detail/ass/SsaTagPass.h"
 #include "strings/detail/xcStringCore.h"
 #include "strings/detail/xcStringTraits.h"
 

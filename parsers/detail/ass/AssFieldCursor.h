@@ -1,5 +1,5 @@
-#ifndef ZEMSUB_PARSERS_DETAIL_ASSFIELDCURSOR_H
-#define ZEMSUB_PARSERS_DETAIL_ASSFIELDCURSOR_H
+#ifndef ZEMSUB_PARSERS_DETAIL_ASS_ASSFIELDCURSOR_H
+#define ZEMSUB_PARSERS_DETAIL_ASS_ASSFIELDCURSOR_H
 
 // The field readers of the ASS/SSA parsers (AssFields.h) over a range of a
 // stored line, without copying what remains after each field.
@@ -15,8 +15,8 @@
 #include <cstddef>
 #include <string>
 
-#include "parsers/detail/AssFields.h"
-#include "parsers/detail/AssTraits.h"
+#include "parsers/detail/ass/AssFields.h"
+#include "parsers/detail/ass/AssTraits.h"
 
 namespace zemsub::detail {
 

@@ -1,5 +1,5 @@
-#ifndef ZEMSUB_PARSERS_DETAIL_IDXPACKET_H
-#define ZEMSUB_PARSERS_DETAIL_IDXPACKET_H
+#ifndef ZEMSUB_PARSERS_DETAIL_IDX_IDXPACKET_H
+#define ZEMSUB_PARSERS_DETAIL_IDX_IDXPACKET_H
 
 // Cutting one subtitle packet out of a .sub file: an MPEG-2 program stream of
 // 2048-byte sectors, each a pack carrying a private-stream-1 PES packet.
@@ -10,7 +10,7 @@
 #include <cstring>
 #include <new>
 
-#include "ISubTitle.h"
+#include "parsers/detail/reading/SubOpen.h"
 
 namespace zemsub::detail {
 

@@ -1,13 +1,13 @@
-#ifndef ZEMSUB_PARSERS_DETAIL_ASSLINES_H
-#define ZEMSUB_PARSERS_DETAIL_ASSLINES_H
+#ifndef ZEMSUB_PARSERS_DETAIL_ASS_ASSLINES_H
+#define ZEMSUB_PARSERS_DETAIL_ASS_ASSLINES_H
 
 // Reading an ASS/SSA script into its line list.
 
 #include <string>
 #include <vector>
 
-#include "parsers/detail/AssTraits.h"
-#include "parsers/detail/LineSource.h"
+#include "parsers/detail/ass/AssTraits.h"
+#include "parsers/detail/reading/LineSource.h"
 
 namespace zemsub::detail {
 

@@ -1,5 +1,5 @@
-#ifndef ZEMSUB_PARSERS_DETAIL_LINEREADER_H
-#define ZEMSUB_PARSERS_DETAIL_LINEREADER_H
+#ifndef ZEMSUB_PARSERS_DETAIL_READING_LINEREADER_H
+#define ZEMSUB_PARSERS_DETAIL_READING_LINEREADER_H
 
 // Line reading shared by every parser: pieces of at most 128 characters
 // through a 129-character buffer, narrow (fgets) or wide (fgetws).
@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "ISubTitle.h"
+#include "parsers/detail/reading/SubOpen.h"
 
 namespace zemsub::detail {
 

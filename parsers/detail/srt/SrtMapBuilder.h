@@ -1,5 +1,5 @@
-#ifndef ZEMSUB_PARSERS_DETAIL_SRTMAPBUILDER_H
-#define ZEMSUB_PARSERS_DETAIL_SRTMAPBUILDER_H
+#ifndef ZEMSUB_PARSERS_DETAIL_SRT_SRTMAPBUILDER_H
+#define ZEMSUB_PARSERS_DETAIL_SRT_SRTMAPBUILDER_H
 
 // ConvertBufToSrtMap of both SubRip parsers.
 
@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "parsers/detail/SrtTraits.h"
+#include "parsers/detail/srt/SrtTraits.h"
 
 namespace zemsub::detail {
 

@@ -1,5 +1,5 @@
-#ifndef ZEMSUB_PARSERS_DETAIL_ASSSCRIPT_H
-#define ZEMSUB_PARSERS_DETAIL_ASSSCRIPT_H
+#ifndef ZEMSUB_PARSERS_DETAIL_ASS_ASSSCRIPT_H
+#define ZEMSUB_PARSERS_DETAIL_ASS_ASSSCRIPT_H
 
 // The line list of an ASS/SSA script to its entries (ConvertBufToAssMap).
 
@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "parsers/detail/AssDialogue.h"
-#include "parsers/detail/AssFieldCursor.h"
-#include "parsers/detail/AssStyleLine.h"
-#include "parsers/detail/AssTraits.h"
+#include "parsers/detail/ass/AssDialogue.h"
+#include "parsers/detail/ass/AssFieldCursor.h"
+#include "parsers/detail/ass/AssStyleLine.h"
+#include "parsers/detail/ass/AssTraits.h"
 
 namespace zemsub::detail {
 

@@ -1,9 +1,9 @@
-#ifndef ZEMSUB_PARSERS_DETAIL_IDXFIELDS_H
-#define ZEMSUB_PARSERS_DETAIL_IDXFIELDS_H
+#ifndef ZEMSUB_PARSERS_DETAIL_IDX_IDXFIELDS_H
+#define ZEMSUB_PARSERS_DETAIL_IDX_IDXFIELDS_H
 
 // Field reading of the VobSub index twins (GetStr, GetInt).
 
-#include "parsers/detail/IdxText.h"
+#include "parsers/detail/idx/IdxText.h"
 
 namespace zemsub::detail {
 

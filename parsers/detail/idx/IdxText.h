@@ -1,5 +1,5 @@
-#ifndef ZEMSUB_PARSERS_DETAIL_IDXTEXT_H
-#define ZEMSUB_PARSERS_DETAIL_IDXTEXT_H
+#ifndef ZEMSUB_PARSERS_DETAIL_IDX_IDXTEXT_H
+#define ZEMSUB_PARSERS_DETAIL_IDX_IDXTEXT_H
 
 // Character-type helpers for the VobSub index twins: one spelling of each
 // literal, scan and compare for char (byte functions) and wchar_t (wide ones).

@@ -1,5 +1,5 @@
-#ifndef ZEMSUB_PARSERS_DETAIL_ASSTRAITS_H
-#define ZEMSUB_PARSERS_DETAIL_ASSTRAITS_H
+#ifndef ZEMSUB_PARSERS_DETAIL_ASS_ASSTRAITS_H
+#define ZEMSUB_PARSERS_DETAIL_ASS_ASSTRAITS_H
 
 // Everything in which the 8-bit ASS/SSA parser and its FF FE twin differ, in one
 // place. The shared code in the other Ass*.h headers is written against these.
@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <cwchar>
 
-#include "parsers/detail/LineReader.h"
+#include "parsers/detail/reading/LineReader.h"
 #include "parsers/xcAssParser.h"
 #include "parsers/xcAssParserU.h"
 

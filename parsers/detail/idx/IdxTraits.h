@@ -1,11 +1,11 @@
-#ifndef ZEMSUB_PARSERS_DETAIL_IDXTWINS_H
-#define ZEMSUB_PARSERS_DETAIL_IDXTWINS_H
+#ifndef ZEMSUB_PARSERS_DETAIL_IDX_IDXTRAITS_H
+#define ZEMSUB_PARSERS_DETAIL_IDX_IDXTRAITS_H
 
 // Every point where the VobSub index twins differ, side by side. Everything
 // else is the shared code of the other Idx*.h headers.
 
-#include "parsers/detail/IdxLookup.h"
-#include "parsers/detail/LineReader.h"
+#include "parsers/detail/lookup/IdxLookup.h"
+#include "parsers/detail/reading/LineReader.h"
 #include "parsers/xcIdxParser.h"
 #include "parsers/xcIdxParserU.h"
 

@@ -1,12 +1,12 @@
-#ifndef ZEMSUB_PARSERS_DETAIL_SRTTRAITS_H
-#define ZEMSUB_PARSERS_DETAIL_SRTTRAITS_H
+#ifndef ZEMSUB_PARSERS_DETAIL_SRT_SRTTRAITS_H
+#define ZEMSUB_PARSERS_DETAIL_SRT_SRTTRAITS_H
 
 // Everything in which the two SubRip parsers differ, side by side. The shared
 // reading and map-building code is written once over these.
 
 #include <cstdlib>
 
-#include "parsers/detail/LineReader.h"
+#include "parsers/detail/reading/LineReader.h"
 #include "parsers/xcSrtParser.h"
 #include "parsers/xcSrtParserU.h"
 

@@ -1,5 +1,5 @@
-#ifndef ZEMSUB_PARSERS_DETAIL_IDXREADING_H
-#define ZEMSUB_PARSERS_DETAIL_IDXREADING_H
+#ifndef ZEMSUB_PARSERS_DETAIL_IDX_IDXREADING_H
+#define ZEMSUB_PARSERS_DETAIL_IDX_IDXREADING_H
 
 // Reading an index file into its line list (Open, ReadString) and the .sub
 // path that Open derives from the index path.
@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "parsers/detail/IdxText.h"
-#include "parsers/detail/LineReader.h"
+#include "parsers/detail/idx/IdxText.h"
+#include "parsers/detail/reading/LineReader.h"
 
 namespace zemsub::detail {
 

@@ -1,5 +1,5 @@
-#ifndef ZEMSUB_PARSERS_DETAIL_UTF8TEXT_H
-#define ZEMSUB_PARSERS_DETAIL_UTF8TEXT_H
+#ifndef ZEMSUB_PARSERS_DETAIL_READING_UTF8TEXT_H
+#define ZEMSUB_PARSERS_DETAIL_READING_UTF8TEXT_H
 
 // Bytes to wide characters where the answer cannot depend on how the C
 // library's converter treats doubtful input: well-formed UTF-8 under a UTF-8

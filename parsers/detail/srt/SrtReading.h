@@ -1,5 +1,5 @@
-#ifndef ZEMSUB_PARSERS_DETAIL_SRTREADING_H
-#define ZEMSUB_PARSERS_DETAIL_SRTREADING_H
+#ifndef ZEMSUB_PARSERS_DETAIL_SRT_SRTREADING_H
+#define ZEMSUB_PARSERS_DETAIL_SRT_SRTREADING_H
 
 // File reading of the SubRip parsers: one line per ReadString call, and the
 // whole file into the line list.
@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "parsers/detail/LineReader.h"
-#include "parsers/detail/LineSource.h"
-#include "parsers/detail/SrtTraits.h"
+#include "parsers/detail/reading/LineReader.h"
+#include "parsers/detail/reading/LineSource.h"
+#include "parsers/detail/srt/SrtTraits.h"
 
 namespace zemsub::detail {
 

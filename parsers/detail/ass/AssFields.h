@@ -1,9 +1,9 @@
-#ifndef ZEMSUB_PARSERS_DETAIL_ASSFIELDS_H
-#define ZEMSUB_PARSERS_DETAIL_ASSFIELDS_H
+#ifndef ZEMSUB_PARSERS_DETAIL_ASS_ASSFIELDS_H
+#define ZEMSUB_PARSERS_DETAIL_ASS_ASSFIELDS_H
 
 // The field readers of the ASS/SSA parsers (GetStr, GetInt, GetFloat).
 
-#include "parsers/detail/AssTraits.h"
+#include "parsers/detail/ass/AssTraits.h"
 
 namespace zemsub::detail {
 

@@ -1,5 +1,5 @@
-#ifndef ZEMSUB_PARSERS_DETAIL_SSATAGWINDOW_H
-#define ZEMSUB_PARSERS_DETAIL_SSATAGWINDOW_H
+#ifndef ZEMSUB_PARSERS_DETAIL_ASS_SSATAGWINDOW_H
+#define ZEMSUB_PARSERS_DETAIL_ASS_SSATAGWINDOW_H
 
 // The part of a tag pass's text that is still searched, held as a queue.
 //

@@ -1,5 +1,5 @@
-#ifndef ZEMSUB_PARSERS_DETAIL_LINESOURCE_H
-#define ZEMSUB_PARSERS_DETAIL_LINESOURCE_H
+#ifndef ZEMSUB_PARSERS_DETAIL_READING_LINESOURCE_H
+#define ZEMSUB_PARSERS_DETAIL_READING_LINESOURCE_H
 
 // Where Open reads its lines from. A regular file of reasonable size is taken
 // in one go from its descriptor and handed out exactly as the stream's pieces
@@ -13,8 +13,8 @@
 #include <cstdio>
 #include <string>
 
-#include "parsers/detail/LineReader.h"
-#include "parsers/detail/Utf8Text.h"
+#include "parsers/detail/reading/LineReader.h"
+#include "parsers/detail/reading/Utf8Text.h"
 
 namespace zemsub::detail {
 

@@ -1,5 +1,5 @@
-#ifndef ZEMSUB_PARSERS_DETAIL_ASSDIALOGUE_H
-#define ZEMSUB_PARSERS_DETAIL_ASSDIALOGUE_H
+#ifndef ZEMSUB_PARSERS_DETAIL_ASS_ASSDIALOGUE_H
+#define ZEMSUB_PARSERS_DETAIL_ASS_ASSDIALOGUE_H
 
 // One Dialogue line (what follows "Dialogue:") into one entry.
 
@@ -7,9 +7,9 @@
 #include <map>
 #include <string>
 
-#include "parsers/detail/AssFieldCursor.h"
-#include "parsers/detail/AssTraits.h"
-#include "parsers/detail/SsaTags.h"
+#include "parsers/detail/ass/AssFieldCursor.h"
+#include "parsers/detail/ass/AssTraits.h"
+#include "parsers/detail/ass/SsaTags.h"
 
 namespace zemsub::detail {
 

@@ -1,5 +1,5 @@
-#ifndef ZEMSUB_PARSERS_DETAIL_SSATAGPASS_H
-#define ZEMSUB_PARSERS_DETAIL_SSATAGPASS_H
+#ifndef ZEMSUB_PARSERS_DETAIL_ASS_SSATAGPASS_H
+#define ZEMSUB_PARSERS_DETAIL_ASS_SSATAGPASS_H
 
 // One block-removal pass of RemoveSSATags ({...} or <...>), ended at its first
 // repeated state.
@@ -30,7 +30,7 @@
 #include <string>
 #include <vector>
 
-#include "parsers/detail/SsaTagWindow.h"
+#include "parsers/detail/ass/SsaTagWindow.h"
 
 namespace zemsub::detail {
 

@@ -1,12 +1,12 @@
-#ifndef ZEMSUB_PARSERS_DETAIL_SCANINDEX_H
-#define ZEMSUB_PARSERS_DETAIL_SCANINDEX_H
+#ifndef ZEMSUB_PARSERS_DETAIL_LOOKUP_SCANINDEX_H
+#define ZEMSUB_PARSERS_DETAIL_LOOKUP_SCANINDEX_H
 
 #include <algorithm>
 #include <climits>
 #include <map>
 #include <vector>
 
-#include "parsers/detail/CoverIndex.h"
+#include "parsers/detail/lookup/CoverIndex.h"
 
 namespace zemsub::detail {
 

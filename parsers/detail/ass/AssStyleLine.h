@@ -1,9 +1,9 @@
-#ifndef ZEMSUB_PARSERS_DETAIL_ASSSTYLELINE_H
-#define ZEMSUB_PARSERS_DETAIL_ASSSTYLELINE_H
+#ifndef ZEMSUB_PARSERS_DETAIL_ASS_ASSSTYLELINE_H
+#define ZEMSUB_PARSERS_DETAIL_ASS_ASSSTYLELINE_H
 
 // One Style line (what follows "Style:") into the parser's one style record.
 
-#include "parsers/detail/AssTraits.h"
+#include "parsers/detail/ass/AssTraits.h"
 
 namespace zemsub::detail {
 
