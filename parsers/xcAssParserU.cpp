@@ -4,9 +4,10 @@
 
 #include "parsers/detail/ass/AssFields.h"
 #include "parsers/detail/ass/AssLines.h"
-#include "parsers/detail/lookup/AssLookup.h"
+#include "parsers/detail/ass/AssTraits.h"
 #include "parsers/detail/ass/AssScript.h"
 #include "parsers/detail/ass/SsaTags.h"
+#include "parsers/detail/lookup/AssLookup.h"
 
 using zemsub::detail::AssWide;
 
@@ -89,7 +90,7 @@ xcWString xcAssParserU::RemoveSSATags(xcWString text)
 
 int xcAssParserU::FindChar(xcWString text, char c, int start)
 {
-    return text.find(static_cast<wchar_t>(c), start);
+    return AssWide::findChar(text, c, start);
 }
 
 const std::vector<xcWString>& xcAssParserU::GetLines() const

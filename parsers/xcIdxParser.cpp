@@ -8,7 +8,7 @@
 #include "parsers/detail/idx/IdxTraits.h"
 
 namespace {
-using Twin = zemsub::detail::NarrowIdx;
+using Twin = zemsub::detail::IdxNarrow;
 }
 
 xcIdxParser::xcIdxParser()

@@ -8,7 +8,7 @@
 #include "parsers/detail/idx/IdxTraits.h"
 
 namespace {
-using Twin = zemsub::detail::WideIdx;
+using Twin = zemsub::detail::IdxWide;
 }
 
 xcIdxParserU::xcIdxParserU()

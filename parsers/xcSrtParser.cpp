@@ -36,13 +36,9 @@ bool xcSrtParser::IsOpen() const
     return m_opened;
 }
 
-// The look-up: the first of keys 1 to size - 1 (size on entry) whose times
-// enclose timeMs, as a key-by-key scan with the map's index operator finds it,
-// inserting an empty entry for every missing key it passes. Key 0 and the
-// highest key are never looked at.
 const char* xcSrtParser::GetSubTitle(long long timeMs)
 {
-    const SRC_SESSION_ST* entry = m_index->findFromOneBelowSize(m_map, timeMs);
+    const SRC_SESSION_ST* entry = SrtNarrow::lookUp(*m_index, m_map, timeMs);
     return entry ? entry->text.getData() : nullptr;
 }
 

@@ -62,13 +62,9 @@ const char* xcSrtParserU::GetSubTitle(long long)
     return nullptr;
 }
 
-// The look-up: keys from 0 upward while below the map's size, read afresh at
-// every step, as a scan with the map's index operator does it: a missing key is
-// inserted as an empty entry and the size grows, so with entries 1 to N key 0
-// is added and every entry is reached. Time 0 and below answer null.
 const wchar_t* xcSrtParserU::GetSubTitleU(long long timeMs)
 {
-    const SRC_SESSION_ST_U* entry = m_index->findFromZeroWhileBelowSize(m_map, timeMs);
+    const SRC_SESSION_ST_U* entry = SrtWide::lookUp(*m_index, m_map, timeMs);
     return entry ? entry->text.getData() : nullptr;
 }
 

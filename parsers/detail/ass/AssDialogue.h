@@ -74,8 +74,8 @@ void readAssDialogue(P& parser, typename T::String& rest, int eventMode, int key
     // A leading star (the SSA "*Default") goes; the "Default" assignment is
     // exact (CompareNoCase is case-sensitive) and so never changes the value.
     style.TrimLeft(C('*'));
-    if (style.CompareNoCase(ZEMSUB_ASS_LIT(C, "Default")) == 0)
-        style = ZEMSUB_ASS_LIT(C, "Default");
+    if (style.CompareNoCase(ZEMSUB_LIT(C, "Default")) == 0)
+        style = ZEMSUB_LIT(C, "Default");
 
     typename T::Entry& entry = entries[key];
     entry.layer = layer;
@@ -84,7 +84,7 @@ void readAssDialogue(P& parser, typename T::String& rest, int eventMode, int key
     entry.effect = effect;
     entry.start = start;
     entry.end = end;
-    entry.text += ZEMSUB_ASS_LIT(C, "\n");
+    entry.text += ZEMSUB_LIT(C, "\n");
     entry.text += strip(text);
 }
 
@@ -137,11 +137,11 @@ bool readAssDialogueFast(AssFieldCursor<T> rest, int eventMode, int key,
     const S effect = std::char_traits<C>::compare(text, b, n) == 0 ? S() : S(b, static_cast<int>(e - b));
 
     style.TrimLeft(C('*'));
-    if (style.CompareNoCase(ZEMSUB_ASS_LIT(C, "Default")) == 0)
-        style = ZEMSUB_ASS_LIT(C, "Default");
+    if (style.CompareNoCase(ZEMSUB_LIT(C, "Default")) == 0)
+        style = ZEMSUB_LIT(C, "Default");
 
-    static const std::basic_string<C> hardBreak(ZEMSUB_ASS_LIT(C, "\\N"));
-    static const std::basic_string<C> lineFeed(ZEMSUB_ASS_LIT(C, "\n"));
+    static const std::basic_string<C> hardBreak(ZEMSUB_LIT(C, "\\N"));
+    static const std::basic_string<C> lineFeed(ZEMSUB_LIT(C, "\n"));
     removeSsaTagsInto(buffers, text, textLength, hardBreak, lineFeed, cleaned);
 
     typename T::Entry& entry = entries.try_emplace(entries.end(), key)->second;
@@ -151,7 +151,7 @@ bool readAssDialogueFast(AssFieldCursor<T> rest, int eventMode, int key,
     entry.effect = effect;
     entry.start = assTimeMs(time[0], time[1], time[2], time[3]);
     entry.end = assTimeMs(time[4], time[5], time[6], time[7]);
-    entry.text += ZEMSUB_ASS_LIT(C, "\n");
+    entry.text += ZEMSUB_LIT(C, "\n");
     entry.text.append(cleaned.data(), static_cast<int>(cleaned.size()));
     return true;
 }

@@ -96,32 +96,32 @@ bool buildAssEntries(P& parser, const std::vector<typename T::String>& lines, As
         S key = parser.GetStr(line, C(':'));
         key.MakeLower();
 
-        if (key == ZEMSUB_ASS_LIT(C, "playresx")) {
+        if (key == ZEMSUB_LIT(C, "playresx")) {
             out.playResX = parser.GetInt(line, comma);
-        } else if (key == ZEMSUB_ASS_LIT(C, "playresy")) {
+        } else if (key == ZEMSUB_LIT(C, "playresy")) {
             out.playResY = parser.GetInt(line, comma);
-        } else if (key == ZEMSUB_ASS_LIT(C, "wrapstyle")) {
+        } else if (key == ZEMSUB_LIT(C, "wrapstyle")) {
             // ignored
-        } else if (key == ZEMSUB_ASS_LIT(C, "scripttype")) {
+        } else if (key == ZEMSUB_LIT(C, "scripttype")) {
             // Right(length()) is empty, so a bare "4.00" with nothing before it matches neither.
-            if (line.length() > 3 && line.Right(4).CompareNoCase(ZEMSUB_ASS_LIT(C, "4.00")) == 0) {
+            if (line.length() > 3 && line.Right(4).CompareNoCase(ZEMSUB_LIT(C, "4.00")) == 0) {
                 eventMode = styleMode = 4;
-            } else if (line.length() > 4 && line.Right(5).CompareNoCase(ZEMSUB_ASS_LIT(C, "4.00+")) == 0) {
+            } else if (line.length() > 4 && line.Right(5).CompareNoCase(ZEMSUB_LIT(C, "4.00+")) == 0) {
                 eventMode = styleMode = 5;
             }
-        } else if (key == ZEMSUB_ASS_LIT(C, "collisions")) {
+        } else if (key == ZEMSUB_LIT(C, "collisions")) {
             S value = parser.GetStr(line, comma);
             value.MakeLower();
-            out.collisions = S(value.find(S(ZEMSUB_ASS_LIT(C, "reverse")), 0) >= 0 ? 1 : 0);
-        } else if (key == ZEMSUB_ASS_LIT(C, "scaledborderandshadow")) {
+            out.collisions = S(value.find(S(ZEMSUB_LIT(C, "reverse")), 0) >= 0 ? 1 : 0);
+        } else if (key == ZEMSUB_LIT(C, "scaledborderandshadow")) {
             // ignored
-        } else if (key == ZEMSUB_ASS_LIT(C, "[v4 styles]")) {
+        } else if (key == ZEMSUB_LIT(C, "[v4 styles]")) {
             styleMode = 4;
-        } else if (key == ZEMSUB_ASS_LIT(C, "[v4+ styles]")) {
+        } else if (key == ZEMSUB_LIT(C, "[v4+ styles]")) {
             styleMode = 5;
-        } else if (key == ZEMSUB_ASS_LIT(C, "style")) {
+        } else if (key == ZEMSUB_LIT(C, "style")) {
             readAssStyle<T>(parser, line, styleMode, out.style);
-        } else if (key == ZEMSUB_ASS_LIT(C, "dialogue")) {
+        } else if (key == ZEMSUB_LIT(C, "dialogue")) {
             readAssDialogue<T>(parser, line, eventMode, dialogueKey, out.entries, strip);
             ++dialogueKey;
         }

@@ -7,23 +7,12 @@
 #include <cstdio>
 #include <cwchar>
 
+#include "parsers/detail/Literal.h"
 #include "parsers/detail/reading/LineReader.h"
 #include "parsers/xcAssParser.h"
 #include "parsers/xcAssParserU.h"
 
 namespace zemsub::detail {
-
-// The same text literal as char or wchar_t: ZEMSUB_ASS_LIT(C, "x") is "x" or L"x".
-template <class C> constexpr const C* pickLiteral(const char* narrow, const wchar_t* wide);
-template <> constexpr const char* pickLiteral<char>(const char* narrow, const wchar_t*)
-{
-    return narrow;
-}
-template <> constexpr const wchar_t* pickLiteral<wchar_t>(const char*, const wchar_t* wide)
-{
-    return wide;
-}
-#define ZEMSUB_ASS_LIT(C, text) ::zemsub::detail::pickLiteral<C>(text, L##text)
 
 struct AssNarrow
 {
@@ -49,6 +38,9 @@ struct AssNarrow
         return true;
     }
     static bool scanFloat(const char* text, float& value) { return std::sscanf(text, "%f", &value) == 1; }
+
+    // FindChar: the first c at or after start (a negative start counts from 0), or -1.
+    static int findChar(const String& text, char c, int start) { return text.find(c, start < 0 ? 0 : start); }
 };
 
 struct AssWide
@@ -83,6 +75,10 @@ struct AssWide
     {
         return std::swscanf(text, L"%f", &value) == 1;
     }
+
+    // FindChar: the string's own find of c widened with its sign, so a negative
+    // start finds nothing.
+    static int findChar(const String& text, char c, int start) { return text.find(static_cast<wchar_t>(c), start); }
 };
 
 } // namespace zemsub::detail

@@ -29,13 +29,13 @@ template <class S, class C> int readIdxIntField(S& line, C sep)
 {
     S field = cutIdxField(line, sep);
     field.MakeLower();
-    if (field.Left(2) == S(ZEMSUB_IDX_TEXT(C, "&h"))) {
+    if (field.Left(2) == S(ZEMSUB_LIT(C, "&h"))) {
         const S text = field.Left(2);
         unsigned int value = 0;
-        return scanText(text.getData(), ZEMSUB_IDX_TEXT(C, "%x"), &value) == 1 ? int(value) : -1;
+        return scanText(text.getData(), ZEMSUB_LIT(C, "%x"), &value) == 1 ? int(value) : -1;
     }
     int value = 0;
-    return scanText(field.getData(), ZEMSUB_IDX_TEXT(C, "%d"), &value) == 1 ? value : -1;
+    return scanText(field.getData(), ZEMSUB_LIT(C, "%d"), &value) == 1 ? value : -1;
 }
 
 } // namespace zemsub::detail

@@ -48,7 +48,7 @@ template <class Twin> void readIdxPalette(const typename Twin::String& value, un
 {
     using C = typename Twin::Char;
     unsigned int* p = palette;
-    scanText(value.getData(), ZEMSUB_IDX_TEXT(C, "%x,%x,%x,%x,%x,%x,%x,%x,%x,%x,%x,%x,%x,%x,%x,%x"), &p[0],
+    scanText(value.getData(), ZEMSUB_LIT(C, "%x,%x,%x,%x,%x,%x,%x,%x,%x,%x,%x,%x,%x,%x,%x,%x"), &p[0],
              &p[1], &p[2], &p[3], &p[4], &p[5], &p[6], &p[7], &p[8], &p[9], &p[10], &p[11], &p[12], &p[13],
              &p[14], &p[15]);
 }
@@ -61,21 +61,21 @@ template <class Twin> void readIdxCustomColours(const typename Twin::String& val
     // The switch: the first word, "ON..." or "1..." on, "OFF..." or "0..." off,
     // anything else leaves it as it is.
     std::vector<C> word(static_cast<size_t>(value.length()) + 1, C(0));
-    scanText(value.getData(), IdxLiteral<C>::kWordFormat, word.data());
-    if (beginsWith(word.data(), ZEMSUB_IDX_TEXT(C, "ON"), 2) ||
-        beginsWith(word.data(), ZEMSUB_IDX_TEXT(C, "1"), 1))
+    scanText(value.getData(), Twin::kWordFormat, word.data());
+    if (beginsWith(word.data(), ZEMSUB_LIT(C, "ON"), 2) ||
+        beginsWith(word.data(), ZEMSUB_LIT(C, "1"), 1))
         colours.customColorSwitch = 1;
-    else if (beginsWith(word.data(), ZEMSUB_IDX_TEXT(C, "OFF"), 3) ||
-             beginsWith(word.data(), ZEMSUB_IDX_TEXT(C, "0"), 1))
+    else if (beginsWith(word.data(), ZEMSUB_LIT(C, "OFF"), 3) ||
+             beginsWith(word.data(), ZEMSUB_LIT(C, "0"), 1))
         colours.customColorSwitch = 0;
 
-    const int tridxAt = idxValueAt(value, S(ZEMSUB_IDX_TEXT(C, "tridx:")), Twin::kTridxSkip);
-    scanText(tailFrom(value, tridxAt).getData(), ZEMSUB_IDX_TEXT(C, "%x"), &colours.transparencyMask);
+    const int tridxAt = idxValueAt(value, S(ZEMSUB_LIT(C, "tridx:")), Twin::kTridxSkip);
+    scanText(tailFrom(value, tridxAt).getData(), ZEMSUB_LIT(C, "%x"), &colours.transparencyMask);
     colours.transparencyMask = tridxToMask(colours.transparencyMask);
 
-    const int colorsAt = idxValueAt(value, S(ZEMSUB_IDX_TEXT(C, "colors:")), Twin::kColorsSkip);
+    const int colorsAt = idxValueAt(value, S(ZEMSUB_LIT(C, "colors:")), Twin::kColorsSkip);
     unsigned int* c = colours.customColors;
-    scanText(tailFrom(value, colorsAt).getData(), ZEMSUB_IDX_TEXT(C, "%x,%x,%x,%x"), &c[0], &c[1], &c[2],
+    scanText(tailFrom(value, colorsAt).getData(), ZEMSUB_LIT(C, "%x,%x,%x,%x"), &c[0], &c[1], &c[2],
              &c[3]);
 }
 
@@ -85,12 +85,12 @@ template <class Twin> void readIdxTimestamp(const typename Twin::String& value, 
     using S = typename Twin::String;
 
     int hours = 0, minutes = 0, seconds = 0, millis = 0;
-    scanText(value.getData(), ZEMSUB_IDX_TEXT(C, "%d:%d:%d:%d"), &hours, &minutes, &seconds, &millis);
+    scanText(value.getData(), ZEMSUB_LIT(C, "%d:%d:%d:%d"), &hours, &minutes, &seconds, &millis);
     entry.time = idxTimeMs(hours, minutes, seconds, millis);
 
-    const int posAt = idxValueAt(value, S(ZEMSUB_IDX_TEXT(C, "filepos:")), Twin::kFilePosSkip);
+    const int posAt = idxValueAt(value, S(ZEMSUB_LIT(C, "filepos:")), Twin::kFilePosSkip);
     unsigned long long filePos = static_cast<unsigned long long>(Twin::filePosBeforeRead(entry));
-    scanText(tailFrom(value, posAt).getData(), ZEMSUB_IDX_TEXT(C, "%llx"), &filePos);
+    scanText(tailFrom(value, posAt).getData(), ZEMSUB_LIT(C, "%llx"), &filePos);
     entry.filePos = static_cast<long long>(filePos);
 }
 
@@ -115,11 +115,11 @@ void buildIdxMap(const std::vector<typename Twin::String>& lines, std::map<int, 
         S key = cutIdxField(value, C(':'));
         key.MakeLower();
 
-        if (key == ZEMSUB_IDX_TEXT(C, "palette")) {
+        if (key == ZEMSUB_LIT(C, "palette")) {
             readIdxPalette<Twin>(value, colours.palette);
-        } else if (key == ZEMSUB_IDX_TEXT(C, "custom colors")) {
+        } else if (key == ZEMSUB_LIT(C, "custom colors")) {
             readIdxCustomColours<Twin>(value, colours);
-        } else if (key == ZEMSUB_IDX_TEXT(C, "timestamp")) {
+        } else if (key == ZEMSUB_LIT(C, "timestamp")) {
             const int mapKey = Twin::kKeyByLinePosition ? static_cast<int>(i) : timestamps;
             ++timestamps;
             readIdxTimestamp<Twin>(value, map[mapKey]);

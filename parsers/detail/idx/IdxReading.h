@@ -20,7 +20,7 @@ constexpr int kIdxLineLimit = 5001;
 // then "sub"; a path without "." gives "sub".
 template <class S, class C> S idxSubPath(const S& path)
 {
-    return path.substr(path.find(C('.'), 0), -1) + ZEMSUB_IDX_TEXT(C, "sub");
+    return path.substr(path.find(C('.'), 0), -1) + ZEMSUB_LIT(C, "sub");
 }
 
 // One line without its line feed. Answers false at the end of the file, and

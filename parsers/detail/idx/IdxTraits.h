@@ -11,11 +11,14 @@
 
 namespace zemsub::detail {
 
-struct NarrowIdx
+struct IdxNarrow
 {
     using Char = char;
     using String = xcString;
     using Entry = SUB_SESSION_ST;
+
+    // One word into a char buffer.
+    static constexpr const char* kWordFormat = "%s";
 
     // The index file is opened by its path.
     static const char* indexFileName(const char* path) { return path; }
@@ -39,11 +42,14 @@ struct NarrowIdx
     static const char* packetFileName(const String& subPath) { return subPath.getData(); }
 };
 
-struct WideIdx
+struct IdxWide
 {
     using Char = wchar_t;
     using String = xcWString;
     using Entry = SUB_SESSION_ST_U;
+
+    // One word into a wchar_t buffer (a plain "%s" would store multibyte text).
+    static constexpr const wchar_t* kWordFormat = L"%ls";
 
     // The wide path's storage is handed over as narrow bytes: with 32-bit
     // little-endian wchar_t the name ends after the path's first character.

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "parsers/detail/Literal.h"
 #include "parsers/detail/srt/SrtTraits.h"
 
 namespace zemsub::detail {
@@ -33,8 +34,8 @@ template <class T> int takeField(typename T::String& part, const typename T::Str
 template <class T> long long readSrtTime(typename T::String part)
 {
     using String = typename T::String;
-    const String colon(T::colon());
-    const String comma(T::comma());
+    const String colon(ZEMSUB_LIT(typename T::Char, ":"));
+    const String comma(ZEMSUB_LIT(typename T::Char, ","));
     const int hours = takeField<T>(part, colon);
     const int minutes = takeField<T>(part, colon);
     const int seconds = takeField<T>(part, comma);
@@ -151,7 +152,7 @@ void buildSrtMap(std::vector<typename T::String>& lines, std::map<int, typename 
                  SrtFastLines fastLines = SrtFastLines::Use)
 {
     using String = typename T::String;
-    const String arrow(T::arrow());
+    const String arrow(ZEMSUB_LIT(typename T::Char, "-->"));
     const int n = static_cast<int>(lines.size());
     int key = 0;
     long long start = 0;
@@ -196,7 +197,7 @@ void buildSrtMap(std::vector<typename T::String>& lines, std::map<int, typename 
             typename T::Entry& entry = *current;
             entry.start = start;
             entry.end = end;
-            entry.text += T::lineFeed();
+            entry.text += ZEMSUB_LIT(typename T::Char, "\n");
             // The scan starts on this line, just trimmed and found to be neither a
             // number nor a time line: once its trimming is settled, only
             // emptiness can stop the scan here.
@@ -212,7 +213,7 @@ void buildSrtMap(std::vector<typename T::String>& lines, std::map<int, typename 
             typename T::Entry& entry = map[key];
             entry.start = start;
             entry.end = end;
-            entry.text += T::lineFeed();
+            entry.text += ZEMSUB_LIT(typename T::Char, "\n");
             entry.text += text;
             continue;
         }

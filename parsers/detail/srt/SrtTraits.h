@@ -5,7 +5,9 @@
 // reading and map-building code is written once over these.
 
 #include <cstdlib>
+#include <map>
 
+#include "parsers/detail/lookup/ScanIndex.h"
 #include "parsers/detail/reading/LineReader.h"
 #include "parsers/xcSrtParser.h"
 #include "parsers/xcSrtParserU.h"
@@ -25,11 +27,6 @@ struct SrtNarrow
     static constexpr long kFirstByte = 0;
     static constexpr SizeCheck kSizeCheck = SizeCheck::SeekToEnd;
 
-    static const Char* arrow() { return "-->"; }
-    static const Char* colon() { return ":"; }
-    static const Char* comma() { return ","; }
-    static const Char* lineFeed() { return "\n"; }
-
     // Entry numbers and time fields.
     static int toInt(const String& s) { return std::atoi(s.getData()); }
 
@@ -37,6 +34,15 @@ struct SrtNarrow
     // and the character after it (normally a blank) are skipped, so
     // "-->00:00:02,000" loses its first digit.
     static int endTimeStart(int arrowPos) { return arrowPos + 4; }
+
+    // The look-up: the first of keys 1 to size - 1 (size on entry) whose times
+    // enclose timeMs, as a key-by-key scan with the map's index operator finds
+    // it, inserting an empty entry for every missing key it passes. Key 0 and
+    // the highest key are never looked at.
+    static const Entry* lookUp(ScanIndex<Entry>& index, std::map<int, Entry>& map, long long timeMs)
+    {
+        return index.findFromOneBelowSize(map, timeMs);
+    }
 };
 
 struct SrtWide
@@ -50,15 +56,19 @@ struct SrtWide
     static constexpr long kFirstByte = 2;
     static constexpr SizeCheck kSizeCheck = SizeCheck::FromDescriptor;
 
-    static const Char* arrow() { return L"-->"; }
-    static const Char* colon() { return L":"; }
-    static const Char* comma() { return L","; }
-    static const Char* lineFeed() { return L"\n"; }
-
     static int toInt(const String& s) { return __wtoi(s.getData()); }
 
     // The end time starts right behind the arrow: the character after it stays.
     static int endTimeStart(int arrowPos) { return arrowPos + 3; }
+
+    // The look-up: keys from 0 upward while below the map's size, read afresh
+    // at every step, as a scan with the map's index operator does it: a missing
+    // key is inserted as an empty entry and the size grows, so with entries 1
+    // to N key 0 is added and every entry is reached. Time 0 and below answer null.
+    static const Entry* lookUp(ScanIndex<Entry>& index, std::map<int, Entry>& map, long long timeMs)
+    {
+        return index.findFromZeroWhileBelowSize(map, timeMs);
+    }
 };
 
 } // namespace zemsub::detail
