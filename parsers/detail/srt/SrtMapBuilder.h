@@ -1,7 +1,11 @@
 #ifndef ZEMSUB_PARSERS_DETAIL_SRT_SRTMAPBUILDER_H
 #define ZEMSUB_PARSERS_DETAIL_SRT_SRTMAPBUILDER_H
 
-// ConvertBufToSrtMap of both SubRip parsers.
+// ConvertBufToSrtMap of both SubRip parsers. Numbers and time lines are read
+// from ranges of the stored lines where the ranges give exactly what the steps
+// give, and caption lines go straight into their entry.
+// Reference: reference/SrtMapSteps.h (the same map, step by step with copies);
+// differential test: tests/parsers/SrtFastLinesTest.cpp, fuzz target srt_map.
 
 #include <cstdint>
 #include <map>
@@ -136,11 +140,6 @@ template <class T> bool captionScanStops(typename T::String& line, const typenam
     return line.isNumeric() || line.find(arrow, 0) > 0 || line.isEmpty();
 }
 
-// Numbers and time lines are read from ranges of the stored lines where the
-// ranges give exactly what the steps give (above), and caption lines go
-// straight into their entry; Avoid takes the steps for every line.
-enum class SrtFastLines { Use, Avoid };
-
 // Builds the entry map from the line list. Lines are trimmed in place (and the
 // trimmed text stays in the list). An all-digit line sets the current key; a
 // line with "-->" after its first character sets the current times; any other
@@ -148,8 +147,7 @@ enum class SrtFastLines { Use, Avoid };
 // number, a time line or an empty line, and appends "\n" and what it took to
 // the entry at the current key.
 template <class T>
-void buildSrtMap(std::vector<typename T::String>& lines, std::map<int, typename T::Entry>& map,
-                 SrtFastLines fastLines = SrtFastLines::Use)
+void buildSrtMap(std::vector<typename T::String>& lines, std::map<int, typename T::Entry>& map)
 {
     using String = typename T::String;
     const String arrow(ZEMSUB_LIT(typename T::Char, "-->"));
@@ -165,7 +163,7 @@ void buildSrtMap(std::vector<typename T::String>& lines, std::map<int, typename 
     // left, trimming changes it no more, and the answer is kept for the scans
     // that reach it again: a run of caption lines is scanned from each of its lines.
     enum class Stop : std::uint8_t { Unknown, Yes, No };
-    std::vector<Stop> stops(fastLines == SrtFastLines::Use ? lines.size() : 0, Stop::Unknown);
+    std::vector<Stop> stops(lines.size(), Stop::Unknown);
     const auto scanStopsAt = [&](int j) {
         if (stops[j] != Stop::Unknown)
             return stops[j] == Stop::Yes;
@@ -177,19 +175,17 @@ void buildSrtMap(std::vector<typename T::String>& lines, std::map<int, typename 
     };
 
     for (int i = 0; i < n; ++i) {
-        String text;
         String& line = lines[i];
         trimBothSides(line);
         if (line.isNumeric()) {
-            if (fastLines == SrtFastLines::Avoid ||
-                !digitsInRange(line.getData(), line.getData() + line.length(), key))
+            if (!digitsInRange(line.getData(), line.getData() + line.length(), key))
                 key = T::toInt(line);
             continue;
         }
         const int arrowPos = line.find(arrow, 0);
-        if (arrowPos < 1 && fastLines == SrtFastLines::Use) {
-            // As below, with the lines taken straight into the entry's text.
-            // The entry is mostly the one of the line before, or a new last one.
+        if (arrowPos < 1) {
+            // The caption lines go straight into the entry's text. The entry is
+            // mostly the one of the line before, or a new last one.
             if (!current || currentKey != key) {
                 current = &map.try_emplace(map.end(), key)->second;
                 currentKey = key;
@@ -207,19 +203,9 @@ void buildSrtMap(std::vector<typename T::String>& lines, std::map<int, typename 
                 entry.text += lines[j];
             continue;
         }
-        if (arrowPos < 1) {
-            for (int j = i; j < n && !captionScanStops<T>(lines[j], arrow); j += 2)
-                text += lines[j];
-            typename T::Entry& entry = map[key];
-            entry.start = start;
-            entry.end = end;
-            entry.text += ZEMSUB_LIT(typename T::Char, "\n");
-            entry.text += text;
-            continue;
-        }
         long long fastStart = 0;
         long long fastEnd = 0;
-        if (fastLines == SrtFastLines::Use && srtTimesInLine<T>(line, arrowPos, fastStart, fastEnd)) {
+        if (srtTimesInLine<T>(line, arrowPos, fastStart, fastEnd)) {
             start = fastStart;
             end = fastEnd;
             continue;
