@@ -3,6 +3,8 @@
 
 // The field readers of the ASS/SSA parsers (AssFields.h) over a range of a
 // stored line, without copying what remains after each field.
+// Reference: the copying field readers of AssFields.h; differential test:
+// tests/parsers/AssFastLinesTest.cpp.
 //
 // GetStr trims the remainder with xcString::TrimLeft, whose index advances
 // after each removal: it removes the characters at 0, 2, 4, ... of the

@@ -2,6 +2,8 @@
 #define ZEMSUB_PARSERS_DETAIL_ASS_SSATAGS_H
 
 // RemoveSSATags, shared by both ASS/SSA parsers.
+// Reference: reference/SsaTagSteps.h; differential tests:
+// tests/parsers/SsaTagPassTest.cpp and the fuzz target ssa_tags.
 
 #include <string>
 #include <type_traits>

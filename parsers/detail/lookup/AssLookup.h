@@ -2,6 +2,8 @@
 #define ZEMSUB_PARSERS_DETAIL_LOOKUP_ASSLOOKUP_H
 
 // Which ASS/SSA entry shows at a time.
+// Reference: scanScript in reference/LookupScans.h; differential tests:
+// tests/parsers/AssLookupIndexTest.cpp and the fuzz targets ass_parser, ass_parser_u.
 
 #include <map>
 #include <vector>

@@ -12,6 +12,7 @@ namespace zemsub::detail {
 
 // For a time, the smallest key among the inclusive intervals [start, end] that
 // contain it: what a scan over the keys in ascending order finds first.
+// Reference and differential tests: those of ScanIndex.h and AssLookup.h.
 // Built once in O(n log n); each query is one binary search.
 class CoverIndex
 {

@@ -12,6 +12,9 @@ namespace zemsub::detail {
 
 // Answers the SubRip look-ups from an index while keeping the entry map exactly
 // as the key-by-key scans with std::map::operator[] leave it.
+// Reference: scanSrtNarrow and scanSrtWide in reference/LookupScans.h;
+// differential tests: tests/parsers/ScanIndexTest.cpp and the fuzz targets
+// srt_parser, srt_parser_u.
 //
 // The scans insert an empty entry (times 0) for every missing key they pass.
 // Those keys always form a run [firstKey, filledHi], so they are held as that

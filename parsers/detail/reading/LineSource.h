@@ -5,6 +5,8 @@
 // in one go from its descriptor and handed out exactly as the stream's pieces
 // would bring it: the same lines, the same truncation at a zero character, the
 // same end-of-file answers. Anything else is read through the stream itself.
+// Reference: the stream's own pieces (LineReader.h); differential tests:
+// tests/parsers/LineSourceTest.cpp, LineReadingTest.cpp, the fuzz targets' LineSourceCheck.h.
 
 #include <sys/stat.h>
 #include <unistd.h>

@@ -6,6 +6,8 @@
 // codeset, or bytes below 0x80 under the plain "C" codeset. Anything else
 // (surrogates, overlong forms, values past U+10FFFF, cut sequences, other
 // codesets) is left to the stream.
+// Reference: the C library's mbrtowc; differential test:
+// tests/parsers/Utf8DecoderTest.cpp.
 
 #include <langinfo.h>
 
