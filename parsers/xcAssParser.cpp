@@ -17,11 +17,7 @@ xcAssParser::xcAssParser()
 {
 }
 
-xcAssParser::~xcAssParser()
-{
-    m_lines.clear();
-    m_map.clear();
-}
+xcAssParser::~xcAssParser() = default;
 
 bool xcAssParser::Open(const char* path)
 {

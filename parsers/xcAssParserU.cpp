@@ -17,11 +17,7 @@ xcAssParserU::xcAssParserU()
 {
 }
 
-xcAssParserU::~xcAssParserU()
-{
-    m_lines.clear();
-    m_map.clear();
-}
+xcAssParserU::~xcAssParserU() = default;
 
 // The int 1 of GetStr passes through here as it stands: the entries made so far
 // stay, the stream stays open and the opened flag is not set.

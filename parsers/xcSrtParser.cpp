@@ -12,11 +12,7 @@ xcSrtParser::xcSrtParser()
 {
 }
 
-xcSrtParser::~xcSrtParser()
-{
-    m_lines.clear();
-    m_map.clear();
-}
+xcSrtParser::~xcSrtParser() = default;
 
 bool xcSrtParser::Open(const char* path)
 {

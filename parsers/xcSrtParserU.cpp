@@ -33,11 +33,7 @@ xcSrtParserU::xcSrtParserU()
 {
 }
 
-xcSrtParserU::~xcSrtParserU()
-{
-    m_lines.clear();
-    m_map.clear();
-}
+xcSrtParserU::~xcSrtParserU() = default;
 
 bool xcSrtParserU::Open(const char* path)
 {

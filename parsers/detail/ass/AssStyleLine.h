@@ -24,10 +24,9 @@ template <class T, class P>
 void readAssStyle(P& parser, typename T::String& rest, int styleMode, typename T::Style& style)
 {
     using C = typename T::Char;
-    using S = typename T::String;
     const C comma = C(',');
 
-    S name = parser.GetStr(rest, comma);
+    parser.GetStr(rest, comma);  // the style's own name, read past and dropped
     style.fontName = parser.GetStr(rest, comma);
     style.fontSize = parser.GetFloat(rest, ',');
     if (styleMode == 5) {
@@ -69,9 +68,6 @@ void readAssStyle(P& parser, typename T::String& rest, int styleMode, typename T
         style.alpha[3] = 128;
         style.alignment = assAlignmentFromSsa(style.alignment);
     }
-
-    // The style's own name is read and dropped.
-    name.TrimLeft(C('*'));
 }
 
 } // namespace zemsub::detail
