@@ -13,6 +13,7 @@
 #include "parsers/xcIdxParserU.h"
 #include "parsers/xcSrtParser.h"
 #include "parsers/xcSrtParserU.h"
+#include "reference/LookupScans.h"
 #include "support/TestFiles.h"
 
 namespace golden {
@@ -75,17 +76,6 @@ template <class Entry> std::vector<long long> lookupTimes(const std::map<int, En
         ++i;
     }
     return times;
-}
-
-// How far the SubRip look-ups walk through the keys of map.
-template <class Entry> long long walkBound(const std::map<int, Entry>& map)
-{
-    if (map.empty())
-        return 0;
-    if (map.begin()->first < 0)
-        return LLONG_MAX;
-    const long long top = map.rbegin()->first;
-    return top > (long long)map.size() ? top : (long long)map.size();
 }
 
 template <class String> void writeLines(std::string& out, const std::vector<String>& lines)
@@ -153,7 +143,7 @@ void dumpSrtNarrow(std::string& out)
     out += std::string("isOpen: ") + (parser.IsOpen() ? "true" : "false") + "\n";
     writeLines(out, parser.GetLines());
     writeSrtMap(out, "map", parser.GetMap());
-    const long long bound = walkBound(parser.GetMap());
+    const long long bound = zemsub::reference::scanWalkBound(parser.GetMap());
     writeAnswers(out, parser, lookupTimes(parser.GetMap()), [](xcSrtParser& p, long long t) {
         return quoted(p.GetSubTitle(t)) + (p.GetSubTitleU(t) ? " wide!" : "");
     });
@@ -168,7 +158,7 @@ void dumpSrtWide(std::string& out, const char* locale)
     out += std::string("isOpen: ") + (parser.IsOpen() ? "true" : "false") + "\n";
     writeLines(out, parser.GetLines());
     writeSrtMap(out, "map", parser.GetMap());
-    const long long bound = walkBound(parser.GetMap());
+    const long long bound = zemsub::reference::scanWalkBound(parser.GetMap());
     writeAnswers(out, parser, lookupTimes(parser.GetMap()), [](xcSrtParserU& p, long long t) {
         return quoted(p.GetSubTitleU(t)) + (p.GetSubTitle(t) ? " narrow!" : "");
     });
