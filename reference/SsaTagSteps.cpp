@@ -1,6 +1,6 @@
 #include "reference/SsaTagSteps.h"
 
-#include <set>
+#include <algorithm>
 #include <utility>
 
 namespace zemsub::reference {
@@ -14,26 +14,95 @@ template <class C> void cutKeepingLength(std::basic_string<C>& text, long long p
         text[size_t(to)] = from < length ? text[size_t(from)] : C(0);
 }
 
-template <class C> void pass(std::basic_string<C>& text, C open, C close, TagStepsNotes& notes)
+template <class C> struct PassState
 {
-    std::set<std::pair<std::basic_string<C>, long long>> seen;
-    long long p = 0;
-    while (p < (long long)text.size()) {
-        if (!seen.emplace(text, p).second) {
-            notes.repeated = true;
-            return;
-        }
-        p = findFrom(text, open, p);
-        if (p < 0)
-            return;
-        const long long q = findFrom(text, close, p);
-        if (q < 0)
-            return;
-        if ((size_t)q >= text.find(C(0)))
-            notes.usedOldTail = true;
-        cutKeepingLength(text, p, q - p + 1);
-    }
+    std::basic_string<C> text;
+    long long from = 0;
+
+    bool operator==(const PassState& o) const { return from == o.from && text == o.text; }
+    bool operator!=(const PassState& o) const { return !(*this == o); }
+};
+
+// One removal: the first open at or after from and the first close at or
+// after it; false when the pass ends instead.
+template <class C> bool passStep(PassState<C>& s, C open, C close, bool* usedOldTail = nullptr)
+{
+    if (s.from >= (long long)s.text.size())
+        return false;
+    const long long p = findFrom(s.text, open, s.from);
+    if (p < 0)
+        return false;
+    const long long q = findFrom(s.text, close, p);
+    if (q < 0)
+        return false;
+    if (usedOldTail && (size_t)q >= s.text.find(C(0)))
+        *usedOldTail = true;
+    cutKeepingLength(s.text, p, q - p + 1);
+    s.from = p;
+    return true;
 }
+
+} // namespace
+
+template <class C>
+std::basic_string<C> tagPassSteps(std::basic_string<C> text, C open, C close, TagStepsNotes* notes)
+{
+    const PassState<C> first{std::move(text), 0};
+    PassState<C> walker = first;
+    long long steps = 0;
+    long long period = 0;
+    bool repeated = false;
+    if (passStep(walker, open, close)) {
+        // Brent: compare with a saved state, renewed at each power of two.
+        steps = 1;
+        period = 1;
+        long long power = 1;
+        PassState<C> saved = first;
+        bool ended = false;
+        while (walker != saved) {
+            if (power == period) {
+                saved = walker;
+                power *= 2;
+                period = 0;
+            }
+            if (!passStep(walker, open, close)) {
+                ended = true;
+                break;
+            }
+            ++period;
+            ++steps;
+        }
+        if (!ended) {
+            // The first state that comes back: walk two states period apart.
+            repeated = true;
+            PassState<C> behind = first;
+            PassState<C> ahead = first;
+            for (long long i = 0; i < period; ++i)
+                passStep(ahead, open, close);
+            long long mu = 0;
+            while (behind != ahead) {
+                passStep(behind, open, close);
+                passStep(ahead, open, close);
+                ++mu;
+            }
+            steps = mu + period;
+            walker = behind;
+        }
+    }
+    if (notes) {
+        // The removals up to the answer once more, for what they met.
+        PassState<C> replay = first;
+        for (long long i = 0; i < steps; ++i)
+            passStep(replay, open, close, &notes->usedOldTail);
+        if (repeated) {
+            notes->repeated = true;
+            notes->period = std::max(notes->period, period);
+        }
+    }
+    return walker.text;
+}
+
+namespace {
 
 template <class C> void replaceBreaks(std::basic_string<C>& text)
 {
@@ -60,14 +129,15 @@ template <class C> long long findFrom(const std::basic_string<C>& text, C c, lon
 
 template <class C> std::basic_string<C> stripTagsSteps(std::basic_string<C> text, TagStepsNotes* notes)
 {
-    TagStepsNotes ignored;
-    TagStepsNotes& into = notes ? *notes : ignored;
-    pass(text, C('{'), C('}'), into);
-    pass(text, C('<'), C('>'), into);
+    text = tagPassSteps(std::move(text), C('{'), C('}'), notes);
+    text = tagPassSteps(std::move(text), C('<'), C('>'), notes);
     replaceBreaks(text);
     return text;
 }
 
+template std::string tagPassSteps(std::string, char, char, TagStepsNotes*);
+template std::wstring tagPassSteps(std::wstring, wchar_t, wchar_t, TagStepsNotes*);
+template std::u32string tagPassSteps(std::u32string, char32_t, char32_t, TagStepsNotes*);
 template std::string stripTagsSteps(std::string, TagStepsNotes*);
 template std::wstring stripTagsSteps(std::wstring, TagStepsNotes*);
 template std::u32string stripTagsSteps(std::u32string, TagStepsNotes*);
