@@ -103,6 +103,9 @@ public:
     void clearError() {}
 };
 
+// Whether the file may be taken whole. The parsers always pass Try; Avoid reads
+// the same file through the stream, which is how the line-reading tests and the
+// fuzz targets' LineSourceCheck.h compare the two ways on every input.
 enum class Loading { Try, Avoid };
 
 // Open's reader: the loaded text when the file could be taken whole,
