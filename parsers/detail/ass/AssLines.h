@@ -39,19 +39,8 @@ template <class T>
 bool readAssScript(const char* path, std::vector<typename T::String>& lines, FILE*& file,
                    Loading loading = Loading::Try)
 {
-    long long size = 0;
-    file = openForLines(path, T::kFirstByte, T::kSizeCheck, &size);
-    if (!file)
-        return false;
-    LineSource<typename T::Char> source(file, T::kFirstByte, loading);
-    auto readLine = [&source](typename T::String& line) { return readAssLine<T>(source, line); };
-    if (!readAllLines(lines, readLine, kAssLineLimit, UnterminatedLastLine::Drop,
-                      expectedLines(size, kAssLineLimit))) {
-        std::fclose(file);
-        file = nullptr;
-        return false;
-    }
-    return true;
+    return readFileLines<T>(path, file, lines, kAssLineLimit, UnterminatedLastLine::Drop, loading,
+                            [](auto& source, typename T::String& line) { return readAssLine<T>(source, line); });
 }
 
 } // namespace zemsub::detail

@@ -14,6 +14,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <string>
+#include <vector>
 
 #include "parsers/detail/reading/LineReader.h"
 #include "parsers/detail/reading/Utf8Text.h"
@@ -168,6 +169,28 @@ template <class C>
 bool readLineText(LineSource<C>& source, LineText<C>& line)
 {
     return source.read(line);
+}
+
+// Opens path (positioned at T::kFirstByte) into file and reads every non-empty
+// line into lines with readLine(source, line), at most limit - 1 of them. On
+// success the file stays open for the caller to close; on failure it is closed
+// and null, and lines keeps what was read.
+template <class T, class ReadLine>
+bool readFileLines(const char* path, FILE*& file, std::vector<typename T::String>& lines, int limit,
+                   UnterminatedLastLine last, Loading loading, ReadLine readLine)
+{
+    long long size = 0;
+    file = openForLines(path, T::kFirstByte, T::kSizeCheck, &size);
+    if (!file)
+        return false;
+    LineSource<typename T::Char> source(file, T::kFirstByte, loading);
+    auto readOne = [&source, &readLine](typename T::String& line) { return readLine(source, line); };
+    if (!readAllLines(lines, readOne, limit, last, expectedLines(size, limit))) {
+        std::fclose(file);
+        file = nullptr;
+        return false;
+    }
+    return true;
 }
 
 }  // namespace zemsub::detail

@@ -48,19 +48,8 @@ template <class T>
 bool readSrtFile(const char* path, FILE*& file, std::vector<typename T::String>& lines,
                  Loading loading = Loading::Try)
 {
-    long long size = 0;
-    file = openForLines(path, T::kFirstByte, T::kSizeCheck, &size);
-    if (!file)
-        return false;
-    LineSource<typename T::Char> source(file, T::kFirstByte, loading);
-    auto readLine = [&source](typename T::String& line) { return readSrtLine<T>(source, line); };
-    if (!readAllLines(lines, readLine, kSrtLineLimit, UnterminatedLastLine::Keep,
-                      expectedLines(size, kSrtLineLimit))) {
-        std::fclose(file);
-        file = nullptr;
-        return false;
-    }
-    return true;
+    return readFileLines<T>(path, file, lines, kSrtLineLimit, UnterminatedLastLine::Keep, loading,
+                            [](auto& source, typename T::String& line) { return readSrtLine<T>(source, line); });
 }
 
 inline void closeSrtFile(FILE*& file)
