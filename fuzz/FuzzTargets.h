@@ -18,6 +18,8 @@
     X(idx_parser_u)                                                                                          \
     X(manager)                                                                                               \
     X(ssa_tags)                                                                                              \
+    X(srt_map)                                                                                               \
+    X(ass_map)                                                                                               \
     X(string_ops)                                                                                            \
     X(lint_reading)                                                                                          \
     X(fix)

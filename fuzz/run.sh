@@ -23,8 +23,8 @@ mkdir -p "$work"
 
 dict_for() {
   case "$1" in
-    srt_parser*) echo "$root/fuzz/dict/srt.dict" ;;
-    ass_parser*) echo "$root/fuzz/dict/ass.dict" ;;
+    srt_parser*|srt_map) echo "$root/fuzz/dict/srt.dict" ;;
+    ass_parser*|ass_map) echo "$root/fuzz/dict/ass.dict" ;;
     idx_parser*) echo "$root/fuzz/dict/idx.dict" ;;
     ssa_tags) echo "$root/fuzz/dict/ssa_tags.dict" ;;
     manager|lint_reading)
@@ -44,7 +44,7 @@ sample_seeds() {
   for f in "$root"/samples/*; do
     [ -f "$f" ] || continue
     case "$t:${f,,}" in
-      srt_parser*:*.srt|ass_parser*:*.ass|ass_parser*:*.ssa|idx_parser*:*.idx|ssa_tags:*.ass)
+      srt_parser*:*.srt|ass_parser*:*.ass|ass_parser*:*.ssa|idx_parser*:*.idx|ssa_tags:*.ass|srt_map:*.srt|ass_map:*.ass|ass_map:*.ssa)
         cp "$f" "$dir/" ;;
       manager:*.srt) { printf '\x00'; cat "$f"; } > "$dir/$(basename "$f")" ;;
       manager:*.ass) { printf '\x33'; cat "$f"; } > "$dir/$(basename "$f")" ;;

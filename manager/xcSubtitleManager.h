@@ -36,9 +36,9 @@ private:
     IParser* ChosenParser();
 
     int m_formatCode;
-    bool m_reserved;
+    bool m_reserved;            // never used; kept for the released layout
     bool m_wide;
-    IParser* m_reservedParser;
+    IParser* m_reservedParser;  // never used; kept for the released layout
     xcAssParser* m_assParser;
     xcSrtParser* m_srtParser;
     xcAssParserU* m_assParserU;

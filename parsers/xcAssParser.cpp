@@ -1,13 +1,13 @@
 #include "parsers/xcAssParser.h"
 
-#include <cctype>
 #include <cstdio>
 
-#include "parsers/detail/AssFields.h"
-#include "parsers/detail/AssLines.h"
-#include "parsers/detail/AssLookup.h"
-#include "parsers/detail/AssScript.h"
-#include "parsers/detail/SsaTags.h"
+#include "parsers/detail/ass/AssFields.h"
+#include "parsers/detail/ass/AssLines.h"
+#include "parsers/detail/ass/AssTraits.h"
+#include "parsers/detail/ass/AssScript.h"
+#include "parsers/detail/ass/SsaTags.h"
+#include "parsers/detail/lookup/AssLookup.h"
 
 using zemsub::detail::AssNarrow;
 
@@ -17,11 +17,7 @@ xcAssParser::xcAssParser()
 {
 }
 
-xcAssParser::~xcAssParser()
-{
-    m_lines.clear();
-    m_map.clear();
-}
+xcAssParser::~xcAssParser() = default;
 
 bool xcAssParser::Open(const char* path)
 {
@@ -88,43 +84,9 @@ xcString xcAssParser::RemoveSSATags(xcString text, int)
     return zemsub::detail::removeSsaTags(text, xcString("\\N"), xcString("\n"));
 }
 
-// Counts brace depth and steps over "\fe" inside override blocks on the way;
-// none of that changes the answer, which is the first index >= start holding
-// c (a negative start counts from 0), or -1.
 int xcAssParser::FindChar(xcString text, char c, int start, int)
 {
-    const int n = text.length();
-    if (n < 1)
-        return -1;
-    const char* data = text.getData();
-    int depth = 0;
-    int i = 0;
-    for (;;) {
-        const char ch = data[i];
-        if (i >= start && ch == c)
-            return i;
-        bool stepped = false;
-        if (ch == '{') {
-            ++depth;
-        } else if (depth > 0) {
-            if (ch == '}') {
-                --depth;
-            } else if (ch == 'e' && i > 2 && i < n - 1 && data[i - 2] == '\\' && data[i - 1] == 'f') {
-                // "\fe<digits>": the digits are scanned, the scan's end is not used.
-                ++i;
-                stepped = true;
-                int digitsEnd = i;
-                while (digitsEnd < n && data[digitsEnd] >= 0 &&
-                       std::isdigit(static_cast<unsigned char>(data[digitsEnd])))
-                    ++digitsEnd;
-                static_cast<void>(digitsEnd);
-            }
-        }
-        if (!stepped)
-            ++i;
-        if (i >= n)
-            return -1;
-    }
+    return AssNarrow::findChar(text, c, start);
 }
 
 const std::vector<xcString>& xcAssParser::GetLines() const

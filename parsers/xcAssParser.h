@@ -77,6 +77,8 @@ private:
     std::vector<xcString> m_lines;
     std::map<int, ASS_SESSION_ST> m_map;
     bool m_opened;
+    // Never used: kept so that the exported class keeps its released size and
+    // layout (tests/parsers/ClassLayoutTest.cpp).
     xcString m_spare;
     xcString m_collisions;
     int m_playResX;

@@ -2,11 +2,12 @@
 
 #include <cstdio>
 
-#include "parsers/detail/AssFields.h"
-#include "parsers/detail/AssLines.h"
-#include "parsers/detail/AssLookup.h"
-#include "parsers/detail/AssScript.h"
-#include "parsers/detail/SsaTags.h"
+#include "parsers/detail/ass/AssFields.h"
+#include "parsers/detail/ass/AssLines.h"
+#include "parsers/detail/ass/AssTraits.h"
+#include "parsers/detail/ass/AssScript.h"
+#include "parsers/detail/ass/SsaTags.h"
+#include "parsers/detail/lookup/AssLookup.h"
 
 using zemsub::detail::AssWide;
 
@@ -16,11 +17,7 @@ xcAssParserU::xcAssParserU()
 {
 }
 
-xcAssParserU::~xcAssParserU()
-{
-    m_lines.clear();
-    m_map.clear();
-}
+xcAssParserU::~xcAssParserU() = default;
 
 // The int 1 of GetStr passes through here as it stands: the entries made so far
 // stay, the stream stays open and the opened flag is not set.
@@ -89,7 +86,7 @@ xcWString xcAssParserU::RemoveSSATags(xcWString text)
 
 int xcAssParserU::FindChar(xcWString text, char c, int start)
 {
-    return text.find(static_cast<wchar_t>(c), start);
+    return AssWide::findChar(text, c, start);
 }
 
 const std::vector<xcWString>& xcAssParserU::GetLines() const

@@ -73,6 +73,8 @@ private:
     std::vector<xcWString> m_lines;
     std::map<int, ASS_SESSION_ST_U> m_map;
     bool m_opened;
+    // Never used: kept so that the exported class keeps its released size and
+    // layout (tests/parsers/ClassLayoutTest.cpp).
     xcWString m_spare;
     xcWString m_collisions;
     int m_playResX;

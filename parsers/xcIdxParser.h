@@ -57,6 +57,8 @@ private:
     unsigned int m_transparencyMask;
     unsigned int m_palette[16];
     unsigned int m_customColors[4];
+    // Never used: kept so that the exported class keeps its released size and
+    // layout (tests/parsers/ClassLayoutTest.cpp).
     xcString m_spare1;
     xcString m_spare2;
 };

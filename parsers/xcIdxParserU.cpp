@@ -1,14 +1,14 @@
 #include "parsers/xcIdxParserU.h"
 
-#include "parsers/detail/IdxFields.h"
-#include "parsers/detail/IdxLookup.h"
-#include "parsers/detail/IdxMapBuilder.h"
-#include "parsers/detail/IdxPacket.h"
-#include "parsers/detail/IdxReading.h"
-#include "parsers/detail/IdxTwins.h"
+#include "parsers/detail/idx/IdxFields.h"
+#include "parsers/detail/lookup/IdxLookup.h"
+#include "parsers/detail/idx/IdxMapBuilder.h"
+#include "parsers/detail/idx/IdxPacket.h"
+#include "parsers/detail/idx/IdxReading.h"
+#include "parsers/detail/idx/IdxTraits.h"
 
 namespace {
-using Twin = zemsub::detail::WideIdx;
+using Twin = zemsub::detail::IdxWide;
 }
 
 xcIdxParserU::xcIdxParserU()

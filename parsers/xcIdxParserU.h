@@ -51,6 +51,8 @@ private:
     unsigned int m_transparencyMask;
     unsigned int m_palette[16];
     unsigned int m_customColors[4];
+    // Never used: kept so that the exported class keeps its released size and
+    // layout (tests/parsers/ClassLayoutTest.cpp).
     xcWString m_spare1;
     xcWString m_spare2;
 };

@@ -1,9 +1,9 @@
 #include "parsers/xcSrtParser.h"
 
-#include "parsers/detail/ScanIndex.h"
-#include "parsers/detail/SrtMapBuilder.h"
-#include "parsers/detail/SrtReading.h"
-#include "parsers/detail/SrtTraits.h"
+#include "parsers/detail/lookup/ScanIndex.h"
+#include "parsers/detail/srt/SrtMapBuilder.h"
+#include "parsers/detail/srt/SrtReading.h"
+#include "parsers/detail/srt/SrtTraits.h"
 
 using zemsub::detail::SrtNarrow;
 
@@ -12,11 +12,7 @@ xcSrtParser::xcSrtParser()
 {
 }
 
-xcSrtParser::~xcSrtParser()
-{
-    m_lines.clear();
-    m_map.clear();
-}
+xcSrtParser::~xcSrtParser() = default;
 
 bool xcSrtParser::Open(const char* path)
 {
@@ -36,13 +32,9 @@ bool xcSrtParser::IsOpen() const
     return m_opened;
 }
 
-// The look-up: the first of keys 1 to size - 1 (size on entry) whose times
-// enclose timeMs, as a key-by-key scan with the map's index operator finds it,
-// inserting an empty entry for every missing key it passes. Key 0 and the
-// highest key are never looked at.
 const char* xcSrtParser::GetSubTitle(long long timeMs)
 {
-    const SRC_SESSION_ST* entry = m_index->findFromOneBelowSize(m_map, timeMs);
+    const SRC_SESSION_ST* entry = SrtNarrow::lookUp(*m_index, m_map, timeMs);
     return entry ? entry->text.getData() : nullptr;
 }
 

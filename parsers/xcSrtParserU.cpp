@@ -4,10 +4,10 @@
 #include <cstring>
 #include <cwchar>
 
-#include "parsers/detail/ScanIndex.h"
-#include "parsers/detail/SrtMapBuilder.h"
-#include "parsers/detail/SrtReading.h"
-#include "parsers/detail/SrtTraits.h"
+#include "parsers/detail/lookup/ScanIndex.h"
+#include "parsers/detail/srt/SrtMapBuilder.h"
+#include "parsers/detail/srt/SrtReading.h"
+#include "parsers/detail/srt/SrtTraits.h"
 
 using zemsub::detail::SrtWide;
 
@@ -33,11 +33,7 @@ xcSrtParserU::xcSrtParserU()
 {
 }
 
-xcSrtParserU::~xcSrtParserU()
-{
-    m_lines.clear();
-    m_map.clear();
-}
+xcSrtParserU::~xcSrtParserU() = default;
 
 bool xcSrtParserU::Open(const char* path)
 {
@@ -62,13 +58,9 @@ const char* xcSrtParserU::GetSubTitle(long long)
     return nullptr;
 }
 
-// The look-up: keys from 0 upward while below the map's size, read afresh at
-// every step, as a scan with the map's index operator does it: a missing key is
-// inserted as an empty entry and the size grows, so with entries 1 to N key 0
-// is added and every entry is reached. Time 0 and below answer null.
 const wchar_t* xcSrtParserU::GetSubTitleU(long long timeMs)
 {
-    const SRC_SESSION_ST_U* entry = m_index->findFromZeroWhileBelowSize(m_map, timeMs);
+    const SRC_SESSION_ST_U* entry = SrtWide::lookUp(*m_index, m_map, timeMs);
     return entry ? entry->text.getData() : nullptr;
 }
 

@@ -7,7 +7,7 @@
 #include "FuzzTargets.h"
 #include "LineSourceCheck.h"
 #include "LookupModel.h"
-#include "parsers/detail/AssLines.h"
+#include "parsers/detail/ass/AssLines.h"
 #include "parsers/xcAssParser.h"
 #include "parsers/xcAssParserU.h"
 

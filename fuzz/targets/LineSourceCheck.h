@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "FuzzSupport.h"
-#include "parsers/detail/LineSource.h"
+#include "parsers/detail/reading/LineSource.h"
 
 namespace zemsub::fuzz {
 

@@ -1,10 +1,9 @@
 #ifndef ZEMSUB_FUZZ_TARGETS_LOOKUPMODEL_H
 #define ZEMSUB_FUZZ_TARGETS_LOOKUPMODEL_H
 
-// The caption look-ups written out key by key over a copy of a parser's entry
-// map, with std::map::operator[] inserting the keys they pass, exactly as the
-// parsers' look-up rules read. The targets compare every answer of a parser
-// with this model, and the parser's map with the model's afterwards.
+// The reference look-ups (reference/LookupScans.h) over a copy of a parser's
+// entry map. The targets compare every answer of a parser with this model, and
+// the parser's map with the model's afterwards.
 
 #include <climits>
 #include <cstring>
@@ -15,6 +14,7 @@
 #include <vector>
 
 #include "FuzzSupport.h"
+#include "reference/LookupScans.h"
 
 namespace zemsub::fuzz {
 
@@ -34,68 +34,13 @@ public:
 
     explicit LookupModel(const std::map<int, Entry>& fileMap) : m_map(fileMap) {}
 
-    // How many map nodes the scans may have to walk: the wide SubRip scan runs up
-    // to the highest key, and with a negative key (counted in the size, never
-    // reached) up to the end of the int range. The model is only asked when this
-    // stays small.
-    long long walkBound() const
-    {
-        if (m_map.empty())
-            return 0;
-        if (m_map.begin()->first < 0)
-            return LLONG_MAX;
-        const long long top = m_map.rbegin()->first;
-        return top > (long long)m_map.size() ? top : (long long)m_map.size();
-    }
+    // How many map nodes the scans may have to walk; the model is only asked
+    // when this stays small.
+    long long walkBound() const { return reference::scanWalkBound(m_map); }
 
-    // The 8-bit SubRip scan: keys 1 to size - 1, size taken on entry.
-    const Entry* srtNarrow(long long t)
-    {
-        if (t < 0)
-            return nullptr;
-        const long long count = (long long)m_map.size();
-        if (count < 2)
-            return nullptr;
-        for (long long k = 1; k <= count - 1; ++k) {
-            const Entry& e = m_map[int(k)];
-            if (t < e.start)
-                continue;
-            if (t <= e.end)
-                return &e;
-        }
-        return nullptr;
-    }
-
-    // The wide SubRip scan: keys from 0 while below the size read afresh.
-    const Entry* srtWide(long long t)
-    {
-        if (t <= 0 || m_map.empty())
-            return nullptr;
-        for (long long k = 0; k < (long long)m_map.size(); ++k) {
-            const Entry& e = m_map[int(k)];
-            if (t < e.start)
-                continue;
-            if (t <= e.end)
-                return &e;
-        }
-        return nullptr;
-    }
-
-    // The ASS/SSA scan (both twins): keys 1 to size - 1, bounds inclusive.
-    const Entry* script(long long t)
-    {
-        if (t <= 0)
-            return nullptr;
-        const long long count = (long long)m_map.size();
-        if (count < 2)
-            return nullptr;
-        for (long long k = 1; k < count; ++k) {
-            const Entry& e = m_map[int(k)];
-            if (e.start <= t && t <= e.end)
-                return &e;
-        }
-        return nullptr;
-    }
+    const Entry* srtNarrow(long long t) { return reference::scanSrtNarrow(m_map, t); }
+    const Entry* srtWide(long long t) { return reference::scanSrtWide(m_map, t); }
+    const Entry* script(long long t) { return reference::scanScript(m_map, t); }
 
     const std::map<int, Entry>& map() const { return m_map; }
 

@@ -5,7 +5,7 @@
 #include "FuzzTargets.h"
 #include "LineSourceCheck.h"
 #include "LookupModel.h"
-#include "parsers/detail/SrtReading.h"
+#include "parsers/detail/srt/SrtReading.h"
 #include "parsers/xcSrtParser.h"
 #include "parsers/xcSrtParserU.h"
 

@@ -1,21 +1,21 @@
 // Tag stripping in both twins. The input is the caption text: the narrow
 // parser gets its bytes, the wide parser the same bytes as characters 0 to 255.
 // Both results must be identical, character for character over the whole
-// recorded length, and equal to the step-by-step model; the character finders
+// recorded length, and equal to the step-by-step reference; the character finders
 // are checked at starts taken from the input.
 #include <string>
 
 #include "FuzzSupport.h"
 #include "FuzzTargets.h"
-#include "SsaTagsModel.h"
 #include "parsers/xcAssParser.h"
 #include "parsers/xcAssParserU.h"
+#include "reference/SsaTagSteps.h"
 
 namespace zemsub::fuzz {
 namespace {
 
-// Past this length the model's record of visited states grows too large per input.
-constexpr size_t kModelLimit = 1024;
+// Past this length the reference's record of visited states grows too large per input.
+constexpr size_t kReferenceLimit = 1024;
 
 void checkFinders(xcAssParser& narrow, xcAssParserU& wide, const std::string& text, const xcString& in,
                   const xcWString& win, ByteReader& reader)
@@ -25,11 +25,12 @@ void checkFinders(xcAssParser& narrow, xcAssParserU& wide, const std::string& te
         const int start = reader.smallInt(int(text.size()));
         // Narrow: the first match at or after the start, a negative start counting as 0.
         const long long narrowExpected =
-            text.empty() ? -1 : SsaTagsModel<char>::find(text, c, start < 0 ? 0 : start);
+            text.empty() ? -1 : zemsub::reference::findFrom(text, c, start < 0 ? 0 : start);
         FUZZ_CHECK(narrow.FindChar(in, c, start, reader.anyInt()) == narrowExpected);
         // Wide: the string's own find of the character widened with its sign.
         const std::wstring wtext(win.getData(), size_t(win.length()));
-        FUZZ_CHECK(wide.FindChar(win, c, start) == SsaTagsModel<wchar_t>::find(wtext, wchar_t(c), start));
+        FUZZ_CHECK(wide.FindChar(win, c, start) ==
+                   zemsub::reference::findFrom(wtext, wchar_t(c), (long long)start));
     }
 }
 
@@ -57,8 +58,8 @@ int fuzz_ssa_tags(const uint8_t* data, size_t size)
     FUZZ_CHECK(out.getData()[out.length()] == 0);
     FUZZ_CHECK(wout.getData()[wout.length()] == 0);
 
-    if (size <= kModelLimit) {
-        const std::string expected = SsaTagsModel<char>::strip(text);
+    if (size <= kReferenceLimit) {
+        const std::string expected = zemsub::reference::stripTagsSteps(text);
         FUZZ_CHECK(std::string(out.getData(), size_t(out.length())) == expected);
     }
 

@@ -91,6 +91,9 @@ struct Row
     ManagerExpect manager;
     CaptionExpect srt, srtU, ass, assU;
     IdxExpect idx, idxU;
+    // Streams that Open leaves open as it is meant to (the wide script parser's
+    // int 1 leaves Open with its stream still open).
+    int streamsLeftOpen = 0;
     // Further checks on the opened parsers (may be empty).
     std::function<void(Opened&)> more;
     // A finding that is reported and not yet fixed: the row states the required

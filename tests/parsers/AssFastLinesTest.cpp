@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "parsers/detail/AssScript.h"
+#include "parsers/detail/ass/AssScript.h"
 #include "parsers/xcAssParser.h"
 #include "parsers/xcAssParserU.h"
 

@@ -1,11 +1,12 @@
-// The ASS/SSA look-up index against the plain key-by-key scan it replaces.
+// The ASS/SSA look-up index against the key-by-key reference scan.
 #include <map>
 #include <random>
 #include <string>
 
 #include <gtest/gtest.h>
 
-#include "parsers/detail/AssLookup.h"
+#include "parsers/detail/lookup/AssLookup.h"
+#include "reference/LookupScans.h"
 
 namespace {
 
@@ -15,21 +16,6 @@ struct Entry
     long long end = 0;
     std::string text;
 };
-
-const Entry* plainScan(std::map<int, Entry>& entries, long long time)
-{
-    if (time <= 0)
-        return nullptr;
-    const int count = static_cast<int>(entries.size());
-    if (count < 2)
-        return nullptr;
-    for (int key = 1; key < count; ++key) {
-        const Entry& entry = entries[key];
-        if (entry.start <= time && time <= entry.end)
-            return &entry;
-    }
-    return nullptr;
-}
 
 }  // namespace
 
@@ -47,7 +33,7 @@ TEST(AssLookupIndex, AnswersWhatThePlainScanAnswersOnRandomTables)
         zemsub::detail::AssLookupIndex index;
         for (int call = 0; call < 10; ++call) {
             const long long t = std::uniform_int_distribution<int>(-2, 75)(rng);
-            const Entry* want = plainScan(reference, t);
+            const Entry* want = zemsub::reference::scanScript(reference, t);
             const Entry* got = index.find(table, t);
             ASSERT_EQ(want == nullptr, got == nullptr) << "round " << round << " t " << t;
             if (want) {

@@ -15,8 +15,8 @@
 #include <string>
 #include <vector>
 
-#include "parsers/detail/AssLines.h"
-#include "parsers/detail/SrtReading.h"
+#include "parsers/detail/ass/AssLines.h"
+#include "parsers/detail/srt/SrtReading.h"
 #include "parsers/xcAssParser.h"
 #include "support/TestFiles.h"
 

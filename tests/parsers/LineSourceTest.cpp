@@ -12,8 +12,8 @@
 #include <random>
 #include <string>
 
-#include "parsers/detail/LineSource.h"
-#include "parsers/detail/Utf8Text.h"
+#include "parsers/detail/reading/LineSource.h"
+#include "parsers/detail/reading/Utf8Text.h"
 #include "support/TestFiles.h"
 
 namespace {

@@ -1,4 +1,4 @@
-// The look-up index against the plain key-by-key scans it replaces: same answers,
+// The look-up index against the key-by-key reference scans: same answers,
 // same map after every call.
 #include <climits>
 #include <map>
@@ -7,7 +7,8 @@
 
 #include <gtest/gtest.h>
 
-#include "parsers/detail/ScanIndex.h"
+#include "parsers/detail/lookup/ScanIndex.h"
+#include "reference/LookupScans.h"
 
 using zemsub::detail::ScanIndex;
 
@@ -35,37 +36,6 @@ bool sameMap(const std::map<int, Entry>& a, const std::map<int, Entry>& b)
         if (i->first != j->first || !sameEntry(&i->second, &j->second))
             return false;
     return true;
-}
-
-// The 8-bit scan: keys 1 .. size-1 (size taken on entry), inserting as it goes.
-const Entry* plainScanFromOne(std::map<int, Entry>& m, long long t)
-{
-    if (t < 0)
-        return nullptr;
-    const size_t count = m.size();
-    if (count < 2)
-        return nullptr;
-    for (int k = 1; size_t(k) < count; ++k) {
-        if (t < m[k].start)
-            continue;
-        if (t <= m[k].end)
-            return &m[k];
-    }
-    return nullptr;
-}
-
-// The wide scan: keys from 0 while below the current size.
-const Entry* plainScanFromZero(std::map<int, Entry>& m, long long t)
-{
-    if (t <= 0 || m.empty())
-        return nullptr;
-    for (int k = 0; size_t(k) < m.size(); ++k) {
-        if (t < m[k].start)
-            continue;
-        if (t <= m[k].end)
-            return &m[k];
-    }
-    return nullptr;
 }
 
 std::map<int, Entry> randomMap(std::mt19937& rng, int minKey, int maxKey)
@@ -100,8 +70,8 @@ void runDifferential(Scan scan, int minKey, bool materializeEveryCall, unsigned 
         ScanIndex<Entry> index;
         for (int call = 0; call < 8; ++call) {
             const long long t = randomTime(rng);
-            const Entry* want = scan == Scan::FromOne ? plainScanFromOne(reference, t)
-                                                      : plainScanFromZero(reference, t);
+            const Entry* want = scan == Scan::FromOne ? zemsub::reference::scanSrtNarrow(reference, t)
+                                                      : zemsub::reference::scanSrtWide(reference, t);
             const Entry* got = scan == Scan::FromOne ? index.findFromOneBelowSize(indexed, t)
                                                      : index.findFromZeroWhileBelowSize(indexed, t);
             ASSERT_TRUE(sameEntry(want, got)) << "round " << round << " call " << call << " t " << t;

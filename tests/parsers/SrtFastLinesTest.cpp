@@ -1,6 +1,6 @@
 // The SubRip map builder reads numbers and time lines from ranges of the
 // stored lines where it can; on every generated line list it must build the
-// same map, and leave the same lines, as the steps taken with copies.
+// same map, and leave the same lines, as the step-by-step reference.
 
 #include <gtest/gtest.h>
 
@@ -12,12 +12,12 @@
 #include <string>
 #include <vector>
 
-#include "parsers/detail/SrtMapBuilder.h"
+#include "parsers/detail/srt/SrtMapBuilder.h"
+#include "reference/SrtMapSteps.h"
 
 namespace {
 
 using zemsub::detail::buildSrtMap;
-using zemsub::detail::SrtFastLines;
 using zemsub::detail::SrtNarrow;
 using zemsub::detail::SrtWide;
 
@@ -106,12 +106,12 @@ void compareOnList(const std::vector<std::string>& list, Widen widen, int& built
     bool fastThrew = false;
     bool plainThrew = false;
     try {
-        buildSrtMap<T>(fastLines, fast, SrtFastLines::Use);
+        buildSrtMap<T>(fastLines, fast);
     } catch (const std::out_of_range&) {
         fastThrew = true;
     }
     try {
-        buildSrtMap<T>(plainLines, plain, SrtFastLines::Avoid);
+        zemsub::reference::buildSrtMapSteps<T>(plainLines, plain);
     } catch (const std::out_of_range&) {
         plainThrew = true;
     }
@@ -166,8 +166,8 @@ TEST(SrtFastLines, WideNumberWithAnUnconvertibleCharacterReadsAsTheStepsReadIt)
         std::vector<xcWString> plainLines = fastLines;
         std::map<int, SRC_SESSION_ST_U> fast;
         std::map<int, SRC_SESSION_ST_U> plain;
-        buildSrtMap<SrtWide>(fastLines, fast, SrtFastLines::Use);
-        buildSrtMap<SrtWide>(plainLines, plain, SrtFastLines::Avoid);
+        buildSrtMap<SrtWide>(fastLines, fast);
+        zemsub::reference::buildSrtMapSteps<SrtWide>(plainLines, plain);
         ASSERT_EQ(fast.size(), plain.size());
         for (auto f = fast.begin(), p = plain.begin(); f != fast.end(); ++f, ++p) {
             EXPECT_EQ(f->first, p->first);

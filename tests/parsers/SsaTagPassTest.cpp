@@ -1,8 +1,6 @@
-// The tag passes of RemoveSSATags against the step-by-step walk they replace:
-// a walk that deletes each block with deleteStr on the whole string, searches
-// with the parser's FindChar on a copy of it, and compares whole states for
-// Brent's cycle detection. Both must store the same characters with the same
-// recorded length, stale tail included, on every generated text: braces,
+// The tag passes of RemoveSSATags against the step-by-step reference
+// (reference/SsaTagSteps.h), pass by pass. Both must store the same characters
+// with the same recorded length, stale tail included, on every generated text: braces,
 // angles, zeros, stale tails that pair with an open block, long texts, and
 // passes that come back to an earlier state.
 
@@ -13,10 +11,11 @@
 #include <string>
 #include <vector>
 
-#include "parsers/detail/SsaTagPass.h"
-#include "parsers/detail/SsaTags.h"
+#include "parsers/detail/ass/SsaTagPass.h"
+#include "parsers/detail/ass/SsaTags.h"
 #include "parsers/xcAssParser.h"
 #include "parsers/xcAssParserU.h"
+#include "reference/SsaTagSteps.h"
 
 namespace {
 
@@ -50,79 +49,16 @@ std::wstring widen(const std::string& s)
     return w;
 }
 
-// ---- the walk, state by state ----
+// ---- the reference, pass by pass ----
 
-template <class S> struct WalkState
+// One pass of the step-by-step reference; repeatsAfter is the number of
+// removals after which the state repeats, 0 when the pass ends on its own.
+template <class S, class C> S referencePass(const S& text, C open, C close, long long& repeatsAfter)
 {
-    S text;
-    int from;
-};
-
-template <class S> bool sameWalkState(const WalkState<S>& a, const WalkState<S>& b)
-{
-    return a.from == b.from && stored(a.text) == stored(b.text);
-}
-
-int findChar(xcAssParser& parser, const xcString& text, char c, int start)
-{
-    return parser.FindChar(text, c, start, 0);
-}
-
-int findChar(xcAssParserU& parser, const xcWString& text, char c, int start)
-{
-    return parser.FindChar(text, c, start);
-}
-
-template <class S, class Parser> bool walkStep(Parser& parser, WalkState<S>& state, char open, char close)
-{
-    if (state.from >= state.text.length())
-        return false;
-    const int p = findChar(parser, state.text, open, state.from);
-    if (p < 0)
-        return false;
-    const int q = findChar(parser, state.text, close, p);
-    if (q < 0)
-        return false;
-    state.text.deleteStr(p, q - p + 1);
-    state.from = p;
-    return true;
-}
-
-// The pass up to its end or its first repeated state; repeatsAfter is the
-// number of removals after which the state repeats, 0 when the pass ends on
-// its own.
-template <class S, class Parser>
-S walkPass(Parser& parser, const S& text, char open, char close, long long& repeatsAfter)
-{
-    using State = WalkState<S>;
-    const State first{text, 0};
-    repeatsAfter = 0;
-    State saved = first;
-    State walker = first;
-    if (!walkStep(parser, walker, open, close))
-        return walker.text;
-    long long power = 1;
-    long long period = 1;
-    while (!sameWalkState(saved, walker)) {
-        if (power == period) {
-            saved = walker;
-            power *= 2;
-            period = 0;
-        }
-        if (!walkStep(parser, walker, open, close))
-            return walker.text;
-        ++period;
-    }
-    repeatsAfter = period;
-    State behind = first;
-    State ahead = first;
-    for (long long i = 0; i < period; ++i)
-        walkStep(parser, ahead, open, close);
-    while (!sameWalkState(behind, ahead)) {
-        walkStep(parser, behind, open, close);
-        walkStep(parser, ahead, open, close);
-    }
-    return behind.text;
+    zemsub::reference::TagStepsNotes notes;
+    const auto out = zemsub::reference::tagPassSteps(stored(text), open, close, &notes);
+    repeatsAfter = notes.repeated ? notes.period : 0;
+    return toText(out);
 }
 
 struct Tally
@@ -134,9 +70,9 @@ struct Tally
 };
 
 // The passes one by one (with the given hash multipliers), the shared
-// removeSsaTags and the parser's RemoveSSATags (strip), against the walk.
-template <class C, class Parser, class S, class Strip>
-void compareWithWalk(Parser& parser, const std::basic_string<C>& input, const S& hardBreak, const S& lineFeed,
+// removeSsaTags and the parser's RemoveSSATags (strip), against the reference.
+template <class C, class S, class Strip>
+void compareWithWalk(const std::basic_string<C>& input, const S& hardBreak, const S& lineFeed,
                      Strip strip, Tally& tally, const std::vector<std::uint64_t>& hashBases)
 {
     if (testing::Test::HasFatalFailure())
@@ -144,8 +80,8 @@ void compareWithWalk(Parser& parser, const std::basic_string<C>& input, const S&
     const S text = toText(input);
     long long repeatedBraces = 0;
     long long repeatedAngles = 0;
-    const S afterBraces = walkPass(parser, text, '{', '}', repeatedBraces);
-    const S afterAngles = walkPass(parser, afterBraces, '<', '>', repeatedAngles);
+    const S afterBraces = referencePass(text, C('{'), C('}'), repeatedBraces);
+    const S afterAngles = referencePass(afterBraces, C('<'), C('>'), repeatedAngles);
     S walked = afterAngles;
     walked.replaceChars(hardBreak, lineFeed);
 
@@ -176,7 +112,7 @@ void compareNarrow(xcAssParser& parser, const std::string& input, Tally& tally,
                        zemsub::detail::TagWindow<char>::defaultHashBase})
 {
     auto strip = [&parser](const xcString& text) { return parser.RemoveSSATags(text, 0); };
-    compareWithWalk<char>(parser, input, xcString("\\N"), xcString("\n"), strip, tally, hashBases);
+    compareWithWalk<char>(input, xcString("\\N"), xcString("\n"), strip, tally, hashBases);
 }
 
 void compareWide(xcAssParserU& parser, const std::wstring& input, Tally& tally,
@@ -184,7 +120,7 @@ void compareWide(xcAssParserU& parser, const std::wstring& input, Tally& tally,
                      zemsub::detail::TagWindow<wchar_t>::defaultHashBase})
 {
     auto strip = [&parser](const xcWString& text) { return parser.RemoveSSATags(text); };
-    compareWithWalk<wchar_t>(parser, input, xcWString(L"\\N"), xcWString(L"\n"), strip, tally, hashBases);
+    compareWithWalk<wchar_t>(input, xcWString(L"\\N"), xcWString(L"\n"), strip, tally, hashBases);
 }
 
 // ---- generated texts ----

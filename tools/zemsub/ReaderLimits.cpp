@@ -1,8 +1,8 @@
 #include "ReaderLimits.h"
 
 #include "manager/detail/FormatCodes.h"
-#include "parsers/detail/AssLines.h"
-#include "parsers/detail/SrtTraits.h"
+#include "parsers/detail/ass/AssLines.h"
+#include "parsers/detail/srt/SrtTraits.h"
 
 namespace zemsub::tool {
 

@@ -5,8 +5,9 @@
 
 namespace zemsub::tool {
 
-// How the script reader's tag removal treats a Text field, worked out on its own
-// terms so that lint can name the cause of a difference: each removal moves the
+// How the script reader's tag removal treats a Text field, worked out by the
+// library's step-by-step reference (reference/SsaTagSteps.h) so that lint can
+// name the cause of a difference: each removal moves the
 // tail down but keeps the recorded length, so the old tail stays behind the end
 // of the text, where the brace and angle passes still look; a pass that comes
 // back to a state it was in before ends there.
