@@ -77,8 +77,8 @@ struct ZEMSUBFIX_EXPORT FixReport
     int exitCode() const;
 };
 
-// Fixes the bytes of a file named fileName (its extension tells SubRip from
-// ASS/SSA); the copy is in the report and is not written anywhere but a
+// Fixes the bytes of a file named fileName (read as FFmpeg reads it; the name
+// gives its probe the extension and need not exist); the copy is in the report and is not written anywhere but a
 // temporary directory, where the library reads it back.
 ZEMSUBFIX_EXPORT FixReport fixBuffer(const QByteArray& bytes, const QString& fileName,
                                      const FixOptions& options);

@@ -252,40 +252,6 @@ IndexView readIndex(const QString& path)
     return view;
 }
 
-std::vector<IndexAnswer> askIndex(const QString& path, const std::vector<long long>& times)
-{
-    xcIdxParser parser;
-    const QByteArray name = encodedPath(path);
-    bool opened = false;
-    try {
-        opened = parser.Open(name.constData());
-    } catch (int) {
-        fileError(path,
-                  QStringLiteral(
-                      "cannot parse: the index reader threw the int 1 (a field was asked of an empty line)"));
-    }
-    if (!opened)
-        fileError(path, QStringLiteral(
-                            "cannot parse: the index reader did not open it (it reads at most 5000 lines)"));
-    std::vector<IndexAnswer> answers;
-    for (long long time : times) {
-        IndexAnswer answer;
-        answer.subPath = fromNarrow(parser.GetSubPath().getData());
-        answer.filePos = parser.GetFilePos(time);
-        int size = 0;
-        int control = 0;
-        unsigned char* packet = parser.GetPacket(time, size, control);
-        if (packet) {
-            answer.packet = true;
-            answer.packetSize = size;
-            answer.controlOffset = control;
-            delete[] packet;
-        }
-        answers.push_back(answer);
-    }
-    return answers;
-}
-
 ManagerSession::ManagerSession(const QString& path) : m_manager(std::make_unique<xcSubtitleManager>())
 {
     const QByteArray name = encodedPath(path);

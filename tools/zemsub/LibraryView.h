@@ -87,19 +87,6 @@ struct IndexView
 
 IndexView readIndex(const QString& path);
 
-// A packet cut by the index reader at a time, or why there is none.
-struct IndexAnswer
-{
-    long long filePos = 0;
-    bool packet = false;
-    int packetSize = 0;
-    int controlOffset = 0;
-    QString subPath;
-};
-
-// Asks one index reader for each time, in order, as the reader's look-ups would be asked.
-std::vector<IndexAnswer> askIndex(const QString& path, const std::vector<long long>& times);
-
 // A subtitle manager that opened the file, as the imaging object would hold it.
 class ManagerSession
 {
