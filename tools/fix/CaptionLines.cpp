@@ -1,21 +1,11 @@
 #include "CaptionLines.h"
+#include "reading/Digits.h"
 
 namespace zemsubfix {
 
 namespace {
 
 const QChar joiner(kJoiner);
-
-bool allDigits(const QString& line)
-{
-    if (line.isEmpty())
-        return false;
-    for (QChar c : line) {
-        if (c < QLatin1Char('0') || c > QLatin1Char('9'))
-            return false;
-    }
-    return true;
-}
 
 QString plainLine(QString line)
 {
@@ -31,7 +21,7 @@ QString subRipLine(const QString& written)
     QString line = plainLine(written);
     if (line.isEmpty())
         return QString(joiner);
-    if (allDigits(line))
+    if (zemsub::tool::isAllDigits(line))
         return joiner + line;
     line.replace(QLatin1String("-->"), QStringLiteral("-") + joiner + QStringLiteral("->"));
     line.replace(QLatin1String("{\\"), QStringLiteral("{") + joiner + QStringLiteral("\\"));

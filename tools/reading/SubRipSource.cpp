@@ -1,21 +1,11 @@
 #include "SubRipSource.h"
+#include "Digits.h"
 
 #include <QRegularExpression>
 
 namespace zemsub::tool {
 
 namespace {
-
-bool isDigits(const QString& text)
-{
-    if (text.isEmpty())
-        return false;
-    for (QChar c : text) {
-        if (c < QLatin1Char('0') || c > QLatin1Char('9'))
-            return false;
-    }
-    return true;
-}
 
 const QRegularExpression& timeLinePattern()
 {
@@ -61,7 +51,7 @@ std::vector<WrittenBlock> readSubRipSource(const SourceLines& source)
         }
         int timeIndex = -1;
         QString number;
-        if (isDigits(line) && i + 1 < n && isTimeLine(lines[i + 1])) {
+        if (isAllDigits(line) && i + 1 < n && isTimeLine(lines[i + 1])) {
             number = line;
             timeIndex = i + 1;
         } else if (isTimeLine(line)) {
@@ -90,7 +80,7 @@ std::vector<WrittenBlock> readSubRipSource(const SourceLines& source)
                 break;
             }
             // A block that follows without an empty line.
-            if (isDigits(text) && j + 1 < n && isTimeLine(lines[j + 1]))
+            if (isAllDigits(text) && j + 1 < n && isTimeLine(lines[j + 1]))
                 break;
             if (isTimeLine(lines[j]))
                 break;

@@ -1,4 +1,5 @@
 #include "LintCauses.h"
+#include "reading/Digits.h"
 
 #include "TagModel.h"
 #include "reading/SubRipSource.h"
@@ -10,14 +11,6 @@
 namespace zemsub::tool {
 
 namespace {
-
-bool isDigits(const QString& text)
-{
-    if (text.isEmpty())
-        return false;
-    return std::all_of(text.begin(), text.end(),
-                       [](QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); });
-}
 
 bool hasNonAscii(const QString& text)
 {
@@ -68,7 +61,7 @@ int highestKey(const LibrarySide& library)
 bool numberOutOfLine(const WrittenFile& file, const WrittenBlock& block, const LibrarySide& library,
                      bool narrow)
 {
-    if (!isDigits(block.number))
+    if (!isAllDigits(block.number))
         return true;
     for (const WrittenBlock& other : file.blocks) {
         if (other.index != block.index && other.number == block.number)
@@ -85,13 +78,13 @@ void explainSubRip(const WrittenFile& file, const WrittenBlock& block, const Lib
         causes.push_back(CauseId::Utf8Mark);
     if (narrow && library.stored.size() == 1) {
         causes.push_back(CauseId::OneEntry);
-    } else if (narrow && isDigits(block.number) && block.number.toLongLong() == highestKey(library)) {
+    } else if (narrow && isAllDigits(block.number) && block.number.toLongLong() == highestKey(library)) {
         causes.push_back(CauseId::LastEntry);
     } else if (numberOutOfLine(file, block, library, narrow) &&
                !(narrow && file.utf8Mark && block.index == 1)) {
         causes.push_back(CauseId::Numbering);
     }
-    if (std::any_of(block.rawLines.begin(), block.rawLines.end(), isDigits))
+    if (std::any_of(block.rawLines.begin(), block.rawLines.end(), isAllDigits))
         causes.push_back(CauseId::DigitLine);
     if (block.rawLines.size() >= 3)
         causes.push_back(CauseId::ThreeLines);

@@ -1,4 +1,5 @@
 #include "TimeParser.h"
+#include "reading/Digits.h"
 
 #include <QRegularExpression>
 #include <limits>
@@ -9,20 +10,9 @@ namespace {
 
 constexpr long long kMaxMs = std::numeric_limits<long long>::max() / 2;
 
-bool allDigits(const QString& text)
-{
-    if (text.isEmpty())
-        return false;
-    for (QChar c : text) {
-        if (c < QLatin1Char('0') || c > QLatin1Char('9'))
-            return false;
-    }
-    return true;
-}
-
 std::optional<long long> digitsValue(const QString& text)
 {
-    if (!allDigits(text) || text.size() > 15)
+    if (!isAllDigits(text) || text.size() > 15)
         return std::nullopt;
     return text.toLongLong();
 }
