@@ -1,5 +1,6 @@
 #include "CopyCheck.h"
 
+#include "CaptionImageModel.h"
 #include "CaptionLines.h"
 #include "manager/xcSubtitleManager.h"
 
@@ -81,8 +82,7 @@ CopyCheck checkCopy(const QString& path, const std::vector<SourceCaption>& capti
     xcSubtitleManager manager;
     check.opened = manager.Open(QFile::encodeName(path).constData()) && manager.IsOpen();
 
-    QString lastText;
-    bool image = false;
+    zemsub::tool::CaptionImageModel image;
     for (const Question& question : questions) {
         QString answer;
         if (check.opened) {
@@ -94,16 +94,10 @@ CopyCheck checkCopy(const QString& path, const std::vector<SourceCaption>& capti
                 answer = text ? QString::fromLocal8Bit(text) : QString();
             }
         }
-        if (!answer.isEmpty()) {
-            if (answer != lastText) {
-                lastText = answer;
-                image = true;
-            }
-        } else {
-            image = false; // the image is cleared, the last text kept
-        }
+        const QString shown = image.show(answer);
         const Stretch* expected = stretchAt(stretches, question.time);
-        const bool right = expected ? image && sameLines(drawn(lastText), expected->lines) : !image;
+        const bool right =
+            expected ? !shown.isNull() && sameLines(drawn(shown), expected->lines) : shown.isNull();
         if (right)
             continue;
         if (question.caption < 0) {

@@ -1,5 +1,6 @@
 #include "LintProbe.h"
 
+#include "CaptionImageModel.h"
 #include "TextForm.h"
 
 #include <algorithm>
@@ -78,19 +79,10 @@ std::vector<Probe> planProbes(const WrittenFile& file)
 
 void runProbes(std::vector<Probe>& probes, const std::function<QString(long long)>& ask)
 {
-    QString lastText;   // the caption image's text
-    bool image = false; // whether the caption image holds it
+    CaptionImageModel image;
     for (Probe& probe : probes) {
         probe.answer = ask(probe.time);
-        if (!probe.answer.isEmpty()) {
-            if (probe.answer != lastText) {
-                lastText = probe.answer;
-                image = true;
-            }
-        } else {
-            image = false; // the image is cleared, the last text is kept
-        }
-        probe.drawn = image ? lastText : QString();
+        probe.drawn = image.show(probe.answer);
     }
 }
 
