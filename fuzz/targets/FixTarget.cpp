@@ -4,6 +4,9 @@
 // line limit, which the report then names). When the original's captions
 // neither overlap nor repeat, the copy, read back the same way, holds exactly
 // those captions: the same texts, the same starts, ends one millisecond early.
+// A caption with times outside what the library holds (0 up to the largest
+// 32-bit millisecond) is cut to that range and reported "time-range", never
+// moved silently.
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
@@ -21,6 +24,18 @@ namespace {
 const char* const kInputNames[4] = {"in.srt", "in.ass", "in.ssa", "in.txt"};
 const zemsubfix::CopyFormat kFormats[4] = {zemsubfix::CopyFormat::SubRip, zemsubfix::CopyFormat::Ass,
                                            zemsubfix::CopyFormat::Ssa, zemsubfix::CopyFormat::SubRip};
+
+// One past the latest millisecond that the library's 32-bit times hold.
+constexpr long long kHeldEnd = 2147483648LL;
+
+bool hasReason(const zemsubfix::CaptionOutcome& caption, const char* code)
+{
+    for (const zemsubfix::Reason& reason : caption.reasons) {
+        if (reason.code == QLatin1String(code))
+            return true;
+    }
+    return false;
+}
 
 struct Caption
 {
@@ -42,14 +57,16 @@ QString plain(const QString& text)
     return lines.join(QLatin1Char('\n'));
 }
 
-// The captions a player shows, in time order.
+// The captions a player shows, in time order, within the times the library holds.
 std::vector<Caption> shownCaptions(const zemsubfix::FixReport& report)
 {
     std::vector<Caption> captions;
     for (const zemsubfix::CaptionOutcome& caption : report.captions) {
         const QString text = plain(caption.text);
-        if (caption.end > caption.start && !text.trimmed().isEmpty())
-            captions.push_back({caption.start, caption.end, text});
+        const long long start = std::clamp(caption.start, 0LL, kHeldEnd);
+        const long long end = std::clamp(caption.end, 0LL, kHeldEnd);
+        if (end > start && !text.trimmed().isEmpty())
+            captions.push_back({start, end, text});
     }
     std::stable_sort(captions.begin(), captions.end(),
                      [](const Caption& a, const Caption& b) { return a.start < b.start; });
@@ -92,8 +109,13 @@ int fuzz_fix(const uint8_t* data, size_t size)
     }
     FUZZ_CHECK(report.error.isEmpty());
     FUZZ_CHECK(report.copyOpens || report.copyLines > 20000);
-    for (const zemsubfix::CaptionOutcome& caption : report.captions)
+    for (const zemsubfix::CaptionOutcome& caption : report.captions) {
         FUZZ_CHECK(caption.asWritten() || !caption.reasons.empty());
+        // A script copy writes its ends in hundredths: the last whole one within 32 bits.
+        const long long heldEnd = options.format == zemsubfix::CopyFormat::SubRip ? kHeldEnd : 2147483640LL;
+        const bool outside = caption.end > caption.start && (caption.start < 0 || caption.end > heldEnd);
+        FUZZ_CHECK(hasReason(caption, "time-range") == outside);
+    }
     FUZZ_CHECK(report.exitCode() == (report.allAsWritten() ? 0 : 3));
 
     if (options.format != zemsubfix::CopyFormat::SubRip || !report.copyOpens)

@@ -99,6 +99,119 @@ TEST_F(FixWriter, FractionsOfAnyLengthAndTimeZero)
     EXPECT_EQ(fixed.report.exitCode(), 0);
 }
 
+// --- times the library cannot hold ---------------------------------------
+
+std::vector<std::string> reasonCodes(const zemsubfix::CaptionOutcome& caption)
+{
+    std::vector<std::string> codes;
+    for (const zemsubfix::Reason& reason : caption.reasons)
+        codes.push_back(reason.code.toStdString());
+    return codes;
+}
+
+const std::vector<std::string> kTimeRange = {"time-range"};
+
+TEST_F(FixWriter, TimesPastThe32BitRangeAreCutAndReported)
+{
+    const Fixed fixed = fix(entry(1, "00:00:01,000 --> 00:00:02,000", "early") +
+                                entry(2, "596:31:00,000 --> 597:00:00,000", "straddles") +
+                                entry(3, "600:00:00,000 --> 600:00:01,000", "late") +
+                                entry(4, "100000:00:00,000 --> 100000:00:01,000", "six digits"),
+                            "late.srt");
+    ASSERT_EQ(fixed.report.captions.size(), 4u);
+    EXPECT_TRUE(fixed.report.captions[0].asWritten());
+    EXPECT_EQ(fixed.report.captions[2].start, 2160000000LL);
+    EXPECT_EQ(fixed.report.captions[3].start, 360000000000LL);
+    for (int i : {1, 2, 3})
+        EXPECT_EQ(reasonCodes(fixed.report.captions[size_t(i)]), kTimeRange) << "caption " << i + 1;
+    // The part inside the range shows to its last millisecond; what lies wholly outside is left out.
+    EXPECT_TRUE(fixed.report.captions[1].textShown);
+    EXPECT_FALSE(fixed.report.captions[2].textShown);
+    EXPECT_FALSE(fixed.report.captions[3].textShown);
+    EXPECT_TRUE(fixed.report.copy.contains("596:31:00,000 --> 596:31:23,647\nstraddles"));
+    EXPECT_FALSE(fixed.report.copy.contains("late"));
+    EXPECT_FALSE(fixed.report.copy.contains("six digits"));
+    expectShows(fixed, {{1000, 2000, "early"}, {2147460000LL, 2147483648LL, "straddles"}});
+    EXPECT_EQ(fixed.report.exitCode(), 3);
+}
+
+TEST_F(FixWriter, ScriptCopyEndsAtTheLastWholeHundredthInRange)
+{
+    const Fixed fixed = fix(entry(1, "00:00:01,000 --> 00:00:02,000", "early") +
+                                entry(2, "596:31:20,000 --> 596:31:23,647", "edge"),
+                            "edge.srt", "copy.ass");
+    ASSERT_EQ(fixed.report.captions.size(), 2u);
+    EXPECT_EQ(reasonCodes(fixed.report.captions[1]), kTimeRange);
+    EXPECT_TRUE(fixed.report.copy.contains("Dialogue: 0,596:31:20.00,596:31:23.64,Default,,0,0,0,,edge"));
+    const std::vector<QString> answers =
+        askLibrary(fixed.copy, {{2147480000LL, "edge"}, {2147483640LL, "edge"}});
+    ASSERT_EQ(answers.size(), 2u);
+    EXPECT_EQ(answers[0], QStringLiteral("edge"));
+    EXPECT_EQ(answers[1], QStringLiteral("edge"));
+}
+
+TEST_F(FixWriter, NegativeStartIsCutAtZeroAndReported)
+{
+    // FFmpeg reads the hours as a signed number: this caption starts an hour before 0.
+    const Fixed fixed = fix(entry(1, "-1:00:00,000 --> 00:00:02,000", "before") +
+                                entry(2, "-1:00:00,000 --> -1:00:00,500", "never") +
+                                entry(3, "00:00:03,000 --> 00:00:04,000", "after"),
+                            "negative.srt");
+    ASSERT_EQ(fixed.report.captions.size(), 3u);
+    const auto caption = [&fixed](const char* text) {
+        for (const zemsubfix::CaptionOutcome& c : fixed.report.captions) {
+            if (c.text == QLatin1String(text))
+                return c;
+        }
+        ADD_FAILURE() << "no caption " << text;
+        return zemsubfix::CaptionOutcome();
+    };
+    EXPECT_EQ(caption("before").start, -3600000LL);
+    EXPECT_EQ(reasonCodes(caption("before")), kTimeRange);
+    EXPECT_TRUE(caption("before").textShown);
+    EXPECT_EQ(caption("never").end, -3599500LL);
+    EXPECT_EQ(reasonCodes(caption("never")), kTimeRange);
+    EXPECT_FALSE(caption("never").textShown);
+    EXPECT_TRUE(caption("after").asWritten());
+    EXPECT_TRUE(fixed.report.copy.contains("00:00:00,000 --> 00:00:01,999\nbefore"));
+    EXPECT_FALSE(fixed.report.copy.contains("never"));
+    expectShows(fixed, {{0, 2000, "before"}, {3000, 4000, "after"}});
+}
+
+TEST_F(FixWriter, ReversedSpanLastsAsFfmpegGivesIt)
+{
+    // FFmpeg lets a caption that ends before it starts last until the next one.
+    const Fixed fixed = fix(entry(1, "00:00:05,000 --> 00:00:04,000", "reversed") +
+                                entry(2, "00:00:08,000 --> 00:00:09,000", "next"),
+                            "reversed.srt");
+    ASSERT_EQ(fixed.report.captions.size(), 2u);
+    EXPECT_EQ(fixed.report.captions[0].start, 5000);
+    EXPECT_EQ(fixed.report.captions[0].end, 8000);
+    EXPECT_TRUE(fixed.report.captions[0].reasons.empty());
+    expectShows(fixed, {{5000, 8000, "reversed"}, {8000, 9000, "next"}});
+}
+
+TEST_F(FixWriter, HoursOfManyDigitsFromTheFuzzerAreReportedNotMoved)
+{
+    // A fuzzer's file: time lines with hours and minutes of six and more digits.
+    const std::string bytes = "1\n00:5555500:11,0200 --> 00:00:02,000\nA\nB\n"
+                              "00:550:553051,0200 --> 00:00:02,000\nA\nB\n";
+    const Fixed fixed = fix(bytes, "digits.srt");
+    ASSERT_TRUE(fixed.report.readable) << fixed.report.error.toStdString();
+    ASSERT_FALSE(fixed.report.captions.empty());
+    for (const zemsubfix::CaptionOutcome& caption : fixed.report.captions) {
+        const bool outside = caption.end > caption.start && (caption.start < 0 || caption.end > 2147483648LL);
+        EXPECT_EQ(reasonCodes(caption), outside ? kTimeRange : std::vector<std::string>{})
+            << caption.start << " " << caption.end;
+    }
+    // Whatever the copy holds, it is held as written: read back, its times lie in range.
+    const zemsubfix::FixReport again =
+        zemsubfix::fixBuffer(fixed.report.copy, QStringLiteral("again.srt"), {});
+    ASSERT_TRUE(again.readable);
+    for (const zemsubfix::CaptionOutcome& caption : again.captions)
+        EXPECT_TRUE(caption.reasons.empty()) << caption.start << " " << caption.end;
+}
+
 TEST_F(FixWriter, AdjacentCaptionsSwitchAtTheExactMillisecond)
 {
     const Fixed fixed = fix(entry(1, "00:00:01,000 --> 00:00:02,000", "first") +

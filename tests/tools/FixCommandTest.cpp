@@ -66,6 +66,11 @@ std::vector<CauseCase> causeCases()
          srt(5, "00:00:01,000 --> 00:00:02,000", "one") + srt(3, "00:00:03,000 --> 00:00:04,000", "two") +
              srt(3, "00:00:05,000 --> 00:00:06,000", "three"),
          {{1000, 2000, "one"}, {3000, 4000, "two"}, {5000, 6000, "three"}}},
+        {"key-zero",
+         "zero.srt",
+         srt(0, "00:00:01,000 --> 00:00:02,000", "zero") + srt(1, "00:00:03,000 --> 00:00:04,000", "one") +
+             srt(2, "00:00:05,000 --> 00:00:06,000", "two"),
+         {{1000, 2000, "zero"}, {3000, 4000, "one"}, {5000, 6000, "two"}}},
         {"digit-line",
          "digits.srt",
          srt(1, "00:00:01,000 --> 00:00:02,000", "1984") + srt(2, "00:00:03,000 --> 00:00:04,000", "two\n42"),
@@ -293,7 +298,7 @@ namespace {
 
 // What no copy can cure, in lint's codes.
 const std::set<std::string> cannotCure = {"drawing",      "karaoke",   "positions-styles", "too-long",
-                                          "open-refused", "time-zero", "time-precision"};
+                                          "open-refused", "time-zero", "time-precision",   "time-range"};
 
 TEST(ZemsubFix, SamplesAndEveryQuirkLintCleanAfterFixing)
 {

@@ -356,6 +356,43 @@ TEST(ZemsubLint, EntryNumbersOutOfLine)
     EXPECT_TRUE(causesOf(twice, 1).contains("numbering"));
 }
 
+TEST(ZemsubLint, EntryNumberedZeroIsNeverAnswered)
+{
+    const Lint result = lintText("zero.srt", block(0, "00:00:01,000 --> 00:00:02,000", "Zero") +
+                                                 block(1, "00:00:03,000 --> 00:00:04,000", "One") +
+                                                 block(2, "00:00:05,000 --> 00:00:06,000", "Two"));
+    // Key 0 counts among the entries, so the look-up reaches the highest, 2.
+    EXPECT_EQ(flaggedCaptions(result), (std::vector<int>{1}));
+    EXPECT_EQ(causesOf(result, 1), QStringList{"key-zero"});
+    const std::string text = result.report["findings"][0]["causes"][0]["text"].get<std::string>();
+    EXPECT_NE(text.find("zemsub fix numbers the copy's entries from 1"), std::string::npos) << text;
+    // A second entry 0 is numbering out of line, not this cause.
+    const Lint twice = lintText("zeros.srt", block(0, "00:00:01,000 --> 00:00:02,000", "Zero") +
+                                                 block(0, "00:00:03,000 --> 00:00:04,000", "Again") +
+                                                 block(1, "00:00:05,000 --> 00:00:06,000", "One") +
+                                                 block(2, "00:00:07,000 --> 00:00:08,000", "Two"));
+    EXPECT_EQ(causesOf(twice, 1), QStringList{"numbering"});
+}
+
+TEST(ZemsubLint, TimesPastThe32BitRangeWrapAround)
+{
+    // 600 hours is past 2^31 ms: the reader's time wraps to a negative one.
+    const Lint result = lintText("late.srt", block(1, "00:00:01,000 --> 00:00:02,000", "One") +
+                                                 block(2, "600:00:00,000 --> 600:00:01,000", "Late") +
+                                                 block(3, "600:00:02,000 --> 600:00:03,000", "Last"));
+    ASSERT_EQ(result.exitCode, 3) << result.err.toStdString();
+    EXPECT_EQ(flaggedCaptions(result), (std::vector<int>{2, 3}));
+    EXPECT_EQ(causesOf(result, 2), QStringList{"time-range"});
+    EXPECT_EQ(result.report["findings"][0]["start"], 2160000000LL);
+    const std::string text = result.report["findings"][0]["causes"][0]["text"].get<std::string>();
+    EXPECT_NE(text.find("outside 0:00:00.000 to 596:31:23.647"), std::string::npos) << text;
+    // The latest millisecond the reader holds still shows.
+    const Lint edge = lintText("edge.srt", block(1, "596:31:22,000 --> 596:31:23,647", "Edge") +
+                                               block(2, "596:31:23,647 --> 596:31:23,647", "Last"));
+    const std::vector<int> flagged = flaggedCaptions(edge);
+    EXPECT_EQ(std::count(flagged.begin(), flagged.end(), 1), 0) << edge.report.dump();
+}
+
 TEST(ZemsubLint, TagTextReachingIntoTheOldTail)
 {
     const Lint result = lintText("tail.ass", script("{abcd}X{Y"));

@@ -17,7 +17,7 @@ struct SourceCaption
     long long start = 0;
     long long end = 0;
     QString text; // lines joined by "\n"
-    // What the player draws besides the text, which the library cannot.
+    // What the player draws besides the text, or times, that the library cannot show.
     std::vector<zemsub::tool::CauseId> notDrawn;
 };
 

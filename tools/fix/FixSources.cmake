@@ -6,6 +6,7 @@ set(ZEMSUBFIX_SOURCES
   ${ZEMSUBFIX_DIR}/CopyCheck.cpp
   ${ZEMSUBFIX_DIR}/FixReasons.cpp
   ${ZEMSUBFIX_DIR}/FixSource.cpp
+  ${ZEMSUBFIX_DIR}/HeldTimes.cpp
   ${ZEMSUBFIX_DIR}/LineSink.cpp
   ${ZEMSUBFIX_DIR}/ScriptWriter.cpp
   ${ZEMSUBFIX_DIR}/Stretch.cpp

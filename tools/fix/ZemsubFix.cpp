@@ -4,6 +4,7 @@
 #include "CopyCheck.h"
 #include "FixReasons.h"
 #include "FixSource.h"
+#include "HeldTimes.h"
 #include "ReaderLimits.h"
 #include "ScriptWriter.h"
 #include "Stretch.h"
@@ -35,7 +36,9 @@ std::vector<CauseId> diagnose(const SourceCaption& caption, const FixReport& rep
 {
     std::vector<CauseId> causes;
     const bool script = report.format != CopyFormat::SubRip;
-    if (!check.opened && report.copyLines > zemsub::tool::readerLineLimit(script ? zemsub::detail::kFormatAss : zemsub::detail::kFormatSrt))
+    if (!check.opened &&
+        report.copyLines >
+            zemsub::tool::readerLineLimit(script ? zemsub::detail::kFormatAss : zemsub::detail::kFormatSrt))
         causes.push_back(CauseId::TooLong);
     if (!survivesLocalCodec(caption.text))
         causes.push_back(CauseId::Encoding);
@@ -101,7 +104,7 @@ FixReport fixBuffer(const QByteArray& bytes, const QString& fileName, const FixO
 {
     FixReport report;
     report.format = options.format;
-    const SourceFile source = readSource(bytes, fileName, options.encoding);
+    SourceFile source = readSource(bytes, fileName, options.encoding);
     if (!source.readable) {
         report.error = source.error;
         return report;
@@ -109,7 +112,8 @@ FixReport fixBuffer(const QByteArray& bytes, const QString& fileName, const FixO
     report.readable = true;
     report.encoding = source.encoding;
 
-    const std::vector<Stretch> stretches = buildStretches(source.captions);
+    const std::vector<SourceCaption> held = heldCaptions(source.captions, options.format);
+    const std::vector<Stretch> stretches = buildStretches(held);
     const CopyText copy =
         options.format == CopyFormat::SubRip ? writeSubRip(stretches) : writeScript(stretches);
     report.copy = copy.text.toLocal8Bit();
@@ -123,7 +127,7 @@ FixReport fixBuffer(const QByteArray& bytes, const QString& fileName, const FixO
         return report;
     }
     file.close();
-    const CopyCheck check = checkCopy(path, source.captions, stretches, options.format == CopyFormat::SubRip);
+    const CopyCheck check = checkCopy(path, held, stretches, options.format == CopyFormat::SubRip);
     report.copyOpens = check.opened;
     report.shownInGaps = check.shownInGaps;
 
@@ -135,10 +139,12 @@ FixReport fixBuffer(const QByteArray& bytes, const QString& fileName, const FixO
         outcome.start = caption.start;
         outcome.end = caption.end;
         outcome.text = caption.text;
-        outcome.textShown = check.captionShown[size_t(i)];
+        // A caption wholly outside the copy's times is not in it.
+        const bool cutAway = held[size_t(i)].end <= held[size_t(i)].start && caption.end > caption.start;
+        outcome.textShown = check.captionShown[size_t(i)] && !cutAway;
         for (CauseId id : caption.notDrawn)
             outcome.reasons.push_back(reasonFor(id, options.format));
-        if (!outcome.textShown) {
+        if (!outcome.textShown && !cutAway) {
             for (CauseId id : diagnose(caption, report, check, i))
                 outcome.reasons.push_back(reasonFor(id, options.format));
         }

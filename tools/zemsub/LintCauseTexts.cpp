@@ -4,6 +4,21 @@
 
 namespace zemsub::tool {
 
+namespace {
+
+// The readers' latest time as h:mm:ss.mmm.
+QString latestTimeText()
+{
+    const long long ms = readerLatestTime();
+    return QStringLiteral("%1:%2:%3.%4")
+        .arg(ms / 3600000)
+        .arg(ms / 60000 % 60, 2, 10, QLatin1Char('0'))
+        .arg(ms / 1000 % 60, 2, 10, QLatin1Char('0'))
+        .arg(ms % 1000, 3, 10, QLatin1Char('0'));
+}
+
+} // namespace
+
 Cause describeCause(CauseId id, const WrittenFile& file, const LibrarySide& library)
 {
     const bool script = file.kind == WrittenKind::Script;
@@ -63,6 +78,12 @@ Cause describeCause(CauseId id, const WrittenFile& file, const LibrarySide& libr
                     "entry numbers out of line: entries are keyed by the number as written, blocks with the "
                     "same number are merged, and the look-up only tries keys 1 up to the number of entries "
                     "minus one")};
+    case CauseId::KeyZero:
+        return {id, QStringLiteral("key-zero"),
+                QStringLiteral(
+                    "the entry numbered 0: the look-up tries keys 1 up to the number of entries minus one, "
+                    "so the entry under key 0 is never answered (zemsub fix numbers the copy's entries "
+                    "from 1)")};
     case CauseId::DigitLine:
         return {id, QStringLiteral("digit-line"),
                 QStringLiteral(
@@ -155,13 +176,15 @@ Cause describeCause(CauseId id, const WrittenFile& file, const LibrarySide& libr
                 QStringLiteral("drawing commands: the library draws text only, so a caption drawn as a shape "
                                "(\\p1) is not drawn")};
     case CauseId::Karaoke:
-        return {id, QStringLiteral("karaoke"),
-                QStringLiteral("karaoke timing: the library draws a caption whole, so syllables timed with \\k "
-                               "are not highlighted in turn")};
+        return {
+            id, QStringLiteral("karaoke"),
+            QStringLiteral("karaoke timing: the library draws a caption whole, so syllables timed with \\k "
+                           "are not highlighted in turn")};
     case CauseId::PositionsStyles:
-        return {id, QStringLiteral("positions-styles"),
-                QStringLiteral("positions and styles that the library does not draw: every caption is drawn in "
-                               "the one font, colour and place the player sets")};
+        return {
+            id, QStringLiteral("positions-styles"),
+            QStringLiteral("positions and styles that the library does not draw: every caption is drawn in "
+                           "the one font, colour and place the player sets")};
     case CauseId::TooLong:
         return {id, QStringLiteral("too-long"),
                 QStringLiteral("a file too long for the %1-line limit: the reader's Open answers false for "
@@ -174,6 +197,13 @@ Cause describeCause(CauseId id, const WrittenFile& file, const LibrarySide& libr
         return {id, QStringLiteral("time-precision"),
                 QStringLiteral("script times are read in hundredths of a second, so a time between two "
                                "hundredths cannot be written")};
+    case CauseId::TimeRange:
+        return {id, QStringLiteral("time-range"),
+                QStringLiteral(
+                    "a time outside 0:00:00.000 to %1: the readers compute times in 32-bit arithmetic, so "
+                    "a later time wraps around and shows at another time or never, and no copy's time line "
+                    "can carry it; zemsub fix keeps only the part of the caption inside that range")
+                    .arg(latestTimeText())};
     case CauseId::Unexplained:
         return {id, QStringLiteral("unexplained"),
                 QStringLiteral("none of the behaviours lint knows explains this difference")};

@@ -1,6 +1,7 @@
 #include "LintCauses.h"
 #include "reading/Digits.h"
 
+#include "ReaderLimits.h"
 #include "TagModel.h"
 #include "reading/SubRipSource.h"
 
@@ -26,6 +27,13 @@ bool overlapsEarlier(const WrittenFile& file, const WrittenBlock& block)
             return true;
     }
     return false;
+}
+
+// A time the readers' 32-bit arithmetic cannot hold.
+bool outsideReaderTimes(const WrittenBlock& block)
+{
+    return block.end > block.start &&
+           (block.start > readerLatestTime() || block.end - 1 > readerLatestTime());
 }
 
 bool cacheHidAnswer(const WrittenBlock& block, int blockIndex, const std::vector<Probe>& probes)
@@ -80,6 +88,9 @@ void explainSubRip(const WrittenFile& file, const WrittenBlock& block, const Lib
         causes.push_back(CauseId::OneEntry);
     } else if (narrow && isAllDigits(block.number) && block.number.toLongLong() == highestKey(library)) {
         causes.push_back(CauseId::LastEntry);
+    } else if (narrow && isAllDigits(block.number) && block.number.toLongLong() == 0 &&
+               !numberOutOfLine(file, block, library, narrow)) {
+        causes.push_back(CauseId::KeyZero);
     } else if (numberOutOfLine(file, block, library, narrow) &&
                !(narrow && file.utf8Mark && block.index == 1)) {
         causes.push_back(CauseId::Numbering);
@@ -183,6 +194,8 @@ std::vector<CauseId> explainBlock(const WrittenFile& file, int blockIndex, const
     else if (file.kind == WrittenKind::Other)
         causes.push_back(CauseId::OtherFormat);
 
+    if (outsideReaderTimes(block))
+        causes.push_back(CauseId::TimeRange);
     if (overlapsEarlier(file, block))
         causes.push_back(CauseId::Overlap);
     if (cacheHidAnswer(block, blockIndex, probes))

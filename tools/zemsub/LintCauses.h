@@ -20,6 +20,7 @@ enum class CauseId {
     OneEntry,
     LastEntry,
     Numbering,
+    KeyZero,
     DigitLine,
     ThreeLines,
     ArrowBlank,
@@ -45,6 +46,7 @@ enum class CauseId {
     TooLong,
     TimeZero,
     TimePrecision,
+    TimeRange,
     Unexplained,
 };
 
