@@ -4,6 +4,7 @@ QT_MAJORS ?= 6 5
 BUILD ?= build
 JOBS ?= $(shell nproc)
 FUZZ_SECONDS ?= 60
+FUZZ_JOBS ?= 1
 export QT_QPA_PLATFORM ?= offscreen
 
 .PHONY: all deps build demo test bench fuzz sanitize memcheck clean
@@ -39,13 +40,14 @@ bench:
 	cmake --build $(BUILD)/bench -j $(JOBS) --target zemsub_bench
 	$(BUILD)/bench/bench/zemsub_bench $(BENCH_ARGS)
 
-# libFuzzer targets (clang): builds them, then runs each for FUZZ_SECONDS seconds from its
-# seeds, the samples and its regression corpus; exits non-zero on any finding (fuzz/run.sh).
+# libFuzzer targets (clang): builds them, then runs each for FUZZ_SECONDS seconds (FUZZ_JOBS
+# at a time) from its seeds, the samples, the generated quirk set, the stored outputs' odd
+# corners and its regression corpus; exits non-zero on any finding (fuzz/run.sh).
 fuzz:
 	@bash cmake/install-deps.sh clang libclang-rt-14-dev
 	cmake -S fuzz -B $(BUILD)/fuzz -G Ninja -DCMAKE_CXX_COMPILER=clang++ -DZEMSUB_QT_MAJOR=6
 	cmake --build $(BUILD)/fuzz -j $(JOBS)
-	FUZZ_SECONDS=$(FUZZ_SECONDS) bash fuzz/run.sh $(BUILD)/fuzz
+	FUZZ_SECONDS=$(FUZZ_SECONDS) FUZZ_JOBS=$(FUZZ_JOBS) bash fuzz/run.sh $(BUILD)/fuzz
 
 # The whole suite under AddressSanitizer, UndefinedBehaviorSanitizer and LeakSanitizer (Qt 6).
 # The one leak suppressed is the storage destroySubtitle leaves on purpose (tests/lsan.supp).

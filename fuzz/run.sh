@@ -5,9 +5,10 @@
 #   FUZZ_JOBS     targets run at the same time (default 1)
 #   FUZZ_TIMEOUT  seconds one input may take before it counts as a hang (default 20)
 #   FUZZ_MAX_LEN  largest input in bytes (default 40000: room for 20001 short lines)
-# Each target starts from its seeds (fuzz/seeds/<t>), the matching samples/, its
-# regression corpus (fuzz/regression/<t>) and the corpus that earlier runs grew
-# (<build dir>/work/corpus/<t>). Findings land in <build dir>/work/artifacts/<t>/.
+# Each target starts from its seeds (fuzz/seeds/<t>), the matching files of samples/,
+# of the generated quirk set (tools/make-quirk-set.py) and of the stored outputs' odd
+# corners (zemsub_seed_writer), its regression corpus (fuzz/regression/<t>) and the
+# corpus that earlier runs grew (<build dir>/work/corpus/<t>). Findings land in <build dir>/work/artifacts/<t>/.
 # Exits non-zero when any target reported a finding.
 set -uo pipefail
 
@@ -27,38 +28,48 @@ dict_for() {
     ass_parser*|ass_map) echo "$root/fuzz/dict/ass.dict" ;;
     idx_parser*) echo "$root/fuzz/dict/idx.dict" ;;
     ssa_tags) echo "$root/fuzz/dict/ssa_tags.dict" ;;
-    manager|lint_reading)
-      cat "$root/fuzz/dict/srt.dict" "$root/fuzz/dict/ass.dict" > "$work/manager.dict"
-      echo "$work/manager.dict" ;;
+    manager|lint_reading|fix)
+      cat "$root/fuzz/dict/srt.dict" "$root/fuzz/dict/ass.dict" > "$generated/manager.dict"
+      echo "$generated/manager.dict" ;;
     *) echo "" ;;
   esac
 }
 
-# Copies the samples that suit a target into dir (the manager's inputs start
+# The generated files that seed the targets beside samples/: the quirk set and the
+# odd corners of the stored reader outputs.
+generated=$(mktemp -d "$work/generated.XXXXXX")
+trap 'rm -rf "$generated"' EXIT
+mkdir -p "$generated/quirks" "$generated/corners"
+python3 "$root/tools/make-quirk-set.py" "$generated/quirks" > /dev/null ||
+  { echo "cannot write the quirk set (tools/make-quirk-set.py)"; exit 1; }
+"$build/zemsub_seed_writer" "$generated/corners" ||
+  { echo "cannot write the odd-corner files ($build/zemsub_seed_writer)"; exit 1; }
+
+# Copies the files that suit a target into dir (the manager's inputs start
 # with the byte that picks the file name: 0x00 ".srt", 0x33 ".ass", 0x44 ".ssa"; lint_reading's
-# with 0x00 ".srt", 0x01 ".ass", 0x02 ".ssa", no encoding forced).
+# and fix's with 0x00 ".srt", 0x01 ".ass", 0x02 ".ssa", no encoding forced, a SubRip copy).
 sample_seeds() {
-  local t=$1 dir=$2 f
+  local t=$1 dir=$2 f name
   mkdir -p "$dir"
-  [ -d "$root/samples" ] || return 0
-  for f in "$root"/samples/*; do
+  for f in "$root"/samples/* "$generated"/quirks/* "$generated"/corners/*; do
     [ -f "$f" ] || continue
+    name="$(basename "$(dirname "$f")")-$(basename "$f")"
     case "$t:${f,,}" in
-      srt_parser*:*.srt|ass_parser*:*.ass|ass_parser*:*.ssa|idx_parser*:*.idx|ssa_tags:*.ass|srt_map:*.srt|ass_map:*.ass|ass_map:*.ssa)
-        cp "$f" "$dir/" ;;
-      manager:*.srt) { printf '\x00'; cat "$f"; } > "$dir/$(basename "$f")" ;;
-      manager:*.ass) { printf '\x33'; cat "$f"; } > "$dir/$(basename "$f")" ;;
-      manager:*.ssa) { printf '\x44'; cat "$f"; } > "$dir/$(basename "$f")" ;;
-      lint_reading:*.srt) { printf '\x00'; cat "$f"; } > "$dir/$(basename "$f")" ;;
-      lint_reading:*.ass) { printf '\x01'; cat "$f"; } > "$dir/$(basename "$f")" ;;
-      lint_reading:*.ssa) { printf '\x02'; cat "$f"; } > "$dir/$(basename "$f")" ;;
+      srt_parser*:*.srt|ass_parser*:*.ass|ass_parser*:*.ssa|idx_parser*:*.idx|ssa_tags:*.ass|ssa_tags:*.ssa|srt_map:*.srt|ass_map:*.ass|ass_map:*.ssa)
+        cp "$f" "$dir/$name" ;;
+      manager:*.srt) { printf '\x00'; cat "$f"; } > "$dir/$name" ;;
+      manager:*.ass) { printf '\x33'; cat "$f"; } > "$dir/$name" ;;
+      manager:*.ssa) { printf '\x44'; cat "$f"; } > "$dir/$name" ;;
+      lint_reading:*.srt|fix:*.srt) { printf '\x00'; cat "$f"; } > "$dir/$name" ;;
+      lint_reading:*.ass|fix:*.ass) { printf '\x01'; cat "$f"; } > "$dir/$name" ;;
+      lint_reading:*.ssa|fix:*.ssa) { printf '\x02'; cat "$f"; } > "$dir/$name" ;;
     esac
   done
 }
 
 run_one() {
   local t=$1
-  local corpus="$work/corpus/$t" artifacts="$work/artifacts/$t" samples="$work/samples/$t"
+  local corpus="$work/corpus/$t" artifacts="$work/artifacts/$t" samples="$generated/seeds/$t"
   # Findings of an earlier run move aside, so that only this run's count.
   if [ -d "$artifacts" ] && [ -n "$(ls -A "$artifacts")" ]; then
     mkdir -p "$work/artifacts-earlier/$t"
