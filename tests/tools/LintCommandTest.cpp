@@ -393,6 +393,75 @@ TEST(ZemsubLint, TimesPastThe32BitRangeWrapAround)
     EXPECT_EQ(std::count(flagged.begin(), flagged.end(), 1), 0) << edge.report.dump();
 }
 
+TEST(ZemsubLint, ArrowInACaptionLineIsTakenAsATimeLine)
+{
+    // FFmpeg takes no time line without hours: the block runs on into the caption before it.
+    const Lint result = lintText("arrow-text.srt", block(1, "00:00:01,000 --> 00:00:02,000", "One") +
+                                                       block(2, "00:05,000 --> 00:00:06,000", "Short") +
+                                                       block(3, "00:00:07,000 --> 00:00:08,000", "Three") +
+                                                       block(4, "00:00:09,000 --> 00:00:10,000", "Four"));
+    ASSERT_EQ(flaggedCaptions(result), (std::vector<int>{1, 3}));
+    EXPECT_TRUE(causesOf(result, 1).contains("arrow-in-text")) << causesOf(result, 1).join(' ').toStdString();
+}
+
+TEST(ZemsubLint, TimeLineReadOtherwiseThanPlayers)
+{
+    // A dot before the milliseconds: players read 5 s; the reader cuts the seconds at the ",".
+    const Lint result = lintText("dot.srt", block(1, "00:00:01,000 --> 00:00:02,000", "One") +
+                                                block(2, "00:00:05.000 --> 00:00:06,000", "Dot") +
+                                                block(3, "00:00:07,000 --> 00:00:08,000", "Three") +
+                                                block(4, "00:00:09,000 --> 00:00:10,000", "Four"));
+    EXPECT_EQ(flaggedCaptions(result), (std::vector<int>{2, 4}));
+    EXPECT_EQ(causesOf(result, 2), QStringList{"time-line"});
+}
+
+TEST(ZemsubLint, RepeatedBlockThatFfmpegDropsIsMergedByTheReader)
+{
+    // FFmpeg drops the second of two equal blocks; the reader appends it to the same entry.
+    const std::string two = block(2, "00:00:03,000 --> 00:00:04,000", "Two");
+    const Lint result = lintText("again.srt", block(1, "00:00:01,000 --> 00:00:02,000", "One") + two + two +
+                                                  block(3, "00:00:05,000 --> 00:00:06,000", "Three") +
+                                                  block(4, "00:00:07,000 --> 00:00:08,000", "Four"));
+    EXPECT_EQ(flaggedCaptions(result), (std::vector<int>{2, 4}));
+    EXPECT_EQ(causesOf(result, 2), QStringList{"numbering"});
+    EXPECT_EQ(result.report["findings"][0]["probes"][1]["shown"], "Two\nTwo");
+}
+
+TEST(ZemsubLint, NumberThatIsAlsoADigitLineOfAnotherCaption)
+{
+    // Caption 1's line "3" keys the line behind it under 3, where caption 3's text is appended.
+    const Lint result = lintText("shared.srt", block(1, "00:00:01,000 --> 00:00:02,000", "One\n3\nextra") +
+                                                   block(2, "00:00:03,000 --> 00:00:04,000", "Two") +
+                                                   block(3, "00:00:05,000 --> 00:00:06,000", "Three") +
+                                                   block(4, "00:00:07,000 --> 00:00:08,000", "Four"));
+    EXPECT_TRUE(causesOf(result, 1).contains("digit-line"));
+    EXPECT_EQ(causesOf(result, 3), QStringList{"numbering"});
+}
+
+TEST(ZemsubLint, ZeroByteEndsTheReadersLine)
+{
+    const std::string broken = std::string("3\0\0\x07\xdd", 5) + "00:03,000 --> 00:00:03,500\nc3\n\n";
+    const Lint result =
+        lintText("zero-byte.srt", block(1, "00:00:01,000 --> 00:00:01,500", "c1") +
+                                      block(2, "00:00:02,000 --> 00:00:02,500", "c2") + broken +
+                                      block(4, "00:00:04,000 --> 00:00:04,500", "c4") +
+                                      block(5, "00:00:05,000 --> 00:00:05,500", "c5"));
+    EXPECT_EQ(flaggedCaptions(result), (std::vector<int>{2}));
+    EXPECT_EQ(causesOf(result, 2), QStringList{"zero-byte"});
+}
+
+TEST(ZemsubLint, FormattingPairsInAScriptAreRemovedAsTags)
+{
+    const Lint result = lintText("pairs.ass", script("<u>u</u> {x} y"));
+    EXPECT_EQ(causesOf(result, 1), QStringList{"angle-pair"});
+    // A later Format line without a Text field: the caption's text is FFmpeg's.
+    std::string later = script("<i>x</i> y");
+    later.insert(later.find("Dialogue:"),
+                 "Format: Layer, Start, End, Style, Name, MarginL, MarginR, MarginV, Effec,eT\n");
+    const Lint odd = lintText("later.ass", later);
+    EXPECT_TRUE(causesOf(odd, 1).contains("angle-pair")) << causesOf(odd, 1).join(' ').toStdString();
+}
+
 TEST(ZemsubLint, TagTextReachingIntoTheOldTail)
 {
     const Lint result = lintText("tail.ass", script("{abcd}X{Y"));

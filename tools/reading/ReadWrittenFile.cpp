@@ -62,6 +62,10 @@ void joinEvents(const SubtitleEvents& events, const std::vector<WrittenBlock>& s
         block.text = shownText(eventTextField(event.assLine));
         file.blocks.push_back(block);
     }
+    for (size_t i = 0; i < source.size(); ++i) {
+        if (!taken[i] && !source[i].number.isEmpty())
+            file.unreadNumbers << source[i].number;
+    }
     // File order; events without their lines last, in FFmpeg's order.
     std::stable_sort(file.blocks.begin(), file.blocks.end(),
                      [](const WrittenBlock& a, const WrittenBlock& b) {
@@ -83,6 +87,7 @@ WrittenFile readWrittenFile(const QByteArray& bytes, const QString& fileName, co
     file.utf8Mark = encoding.utf8Mark;
     file.ffFeMark = encoding.ffFeMark;
     file.utf16 = encoding.utf16;
+    file.zeroBytes = bytes.contains('\0');
 
     const SourceLines source = splitSourceLines(bytes, encoding);
     file.crlf = source.crlf;

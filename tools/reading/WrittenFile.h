@@ -68,8 +68,12 @@ struct WrittenFile
     bool ffFeMark = false;        // begins with FF FE
     bool utf16 = false;           // UTF-16 text behind the mark
     bool crlf = false;            // a line ends in CR LF
+    bool zeroBytes = false;       // the file holds a zero byte
     int lineCount = 0;
     std::vector<WrittenBlock> blocks;
+    // SubRip: the number lines of blocks that no FFmpeg event stands on (FFmpeg
+    // dropped a repeat, or read the block into another caption).
+    QStringList unreadNumbers;
 
     // Script
     bool scriptTypeFound = false; // a ScriptType line is present

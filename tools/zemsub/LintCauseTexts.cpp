@@ -89,6 +89,31 @@ Cause describeCause(CauseId id, const WrittenFile& file, const LibrarySide& libr
                 QStringLiteral(
                     "a caption line of digits: any all-digit line is taken as an entry number, also one "
                     "that stands where caption text is expected")};
+    case CauseId::ArrowInText:
+        return {id, QStringLiteral("arrow-in-text"),
+                QStringLiteral(
+                    "a caption line holding \"-->\" past its first character is taken as a time line, "
+                    "also one that a player shows as text: the caption stops there and the lines behind it "
+                    "take that line's times")};
+    case CauseId::TimeLine:
+        return {id, QStringLiteral("time-line"),
+                script
+                    ? QStringLiteral(
+                          "a time that the reader reads otherwise than players: it cuts the fields at \":\", "
+                          "\":\", \".\" and \",\" and reads each as a number, so a time written another way "
+                          "puts an entry at a time players do not show it (zemsub fix writes every time "
+                          "line plainly)")
+                    : QStringLiteral(
+                          "a time line that the reader reads otherwise than players: it cuts the fields at "
+                          "\":\", \":\" and \",\" and reads each as a number, so a time without hours or "
+                          "with other separators puts an entry at a time players do not show it (zemsub fix "
+                          "writes every time line plainly)")};
+    case CauseId::ZeroByte:
+        return {
+            id, QStringLiteral("zero-byte"),
+            QStringLiteral("a zero byte: the reader's line ends at it, the rest of the line is read as a "
+                           "line of its own, and a line that reads empty ends the file (zemsub fix writes "
+                           "no zero bytes)")};
     case CauseId::ThreeLines:
         return {id, QStringLiteral("three-lines"),
                 QStringLiteral(

@@ -3,11 +3,14 @@
 
 #include "ReaderLimits.h"
 #include "TagModel.h"
+#include "reading/EventText.h"
 #include "reading/SubRipSource.h"
 
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <set>
+#include <utility>
 
 namespace zemsub::tool {
 
@@ -75,7 +78,31 @@ bool numberOutOfLine(const WrittenFile& file, const WrittenBlock& block, const L
         if (other.index != block.index && other.number == block.number)
             return true;
     }
+    if (file.unreadNumbers.contains(block.number))
+        return true;
     return narrow && block.number.toLongLong() >= static_cast<long long>(library.stored.size());
+}
+
+// What the caption lines alone tell: the reader takes a line of digits for a
+// number and a line holding an arrow for a time line, and gathers lines two apart.
+void explainSubRipLines(const QStringList& lines, std::vector<CauseId>& causes)
+{
+    if (std::any_of(lines.begin(), lines.end(), isAllDigits))
+        causes.push_back(CauseId::DigitLine);
+    if (std::any_of(lines.begin(), lines.end(),
+                    [](const QString& line) { return line.trimmed().indexOf(QLatin1String("-->")) >= 1; }))
+        causes.push_back(CauseId::ArrowInText);
+    if (lines.size() >= 3)
+        causes.push_back(CauseId::ThreeLines);
+}
+
+// The caption's lines as FFmpeg gives them, trimmed.
+QStringList eventLines(const WrittenBlock& block)
+{
+    QStringList lines = block.text.split(QLatin1Char('\n'));
+    for (QString& line : lines)
+        line = line.trimmed();
+    return lines;
 }
 
 void explainSubRip(const WrittenFile& file, const WrittenBlock& block, const LibrarySide& library,
@@ -95,10 +122,9 @@ void explainSubRip(const WrittenFile& file, const WrittenBlock& block, const Lib
                !(narrow && file.utf8Mark && block.index == 1)) {
         causes.push_back(CauseId::Numbering);
     }
-    if (std::any_of(block.rawLines.begin(), block.rawLines.end(), isAllDigits))
-        causes.push_back(CauseId::DigitLine);
-    if (block.rawLines.size() >= 3)
-        causes.push_back(CauseId::ThreeLines);
+    // FFmpeg may run a caption on past a blank line where the next time line is broken.
+    const QStringList shown = eventLines(block);
+    explainSubRipLines(shown.size() > block.rawLines.size() ? shown : block.rawLines, causes);
     if (narrow && arrowWithoutBlank(block.timeLine))
         causes.push_back(CauseId::ArrowBlank);
     // FFmpeg reads every fraction digit as milliseconds, the reader the first three.
@@ -126,17 +152,12 @@ bool unclosedBrace(const QString& text)
     return open >= 0 && text.indexOf(QLatin1Char('}'), open) < 0;
 }
 
-bool foreignAnglePair(const QString& text)
+// A script's text is shown as written by players, SubRip-like formatting
+// (<i>, <u>, ...) included; the reader removes every pair.
+bool anglePair(const QString& text)
 {
-    static const QRegularExpression formatting(QStringLiteral("^</?(?:i|b|u|s|font(?:\\s[^>]*)?)>$"),
-                                               QRegularExpression::CaseInsensitiveOption);
     static const QRegularExpression pair(QStringLiteral("<[^>]*>"));
-    QRegularExpressionMatchIterator it = pair.globalMatch(text);
-    while (it.hasNext()) {
-        if (!formatting.match(it.next().captured(0)).hasMatch())
-            return true;
-    }
-    return false;
+    return pair.match(text).hasMatch();
 }
 
 void explainScript(const WrittenFile& file, const WrittenBlock& block, const LibrarySide& library,
@@ -152,7 +173,8 @@ void explainScript(const WrittenFile& file, const WrittenBlock& block, const Lib
         !firstField.startsWith(QLatin1String("marked="), Qt::CaseInsensitive))
         causes.push_back(CauseId::NoScriptType);
 
-    const QString raw = block.rawLines.value(0);
+    // The Text field by the Format line, else FFmpeg's (a later Format line may lack it).
+    const QString raw = block.rawLines.isEmpty() ? eventTextField(block.event) : block.rawLines.value(0);
     const TagPassResult tags = modelTagPasses(raw);
     if (tags.repeated)
         causes.push_back(CauseId::TagRepeat);
@@ -162,12 +184,53 @@ void explainScript(const WrittenFile& file, const WrittenBlock& block, const Lib
         causes.push_back(CauseId::UnclosedTag);
     QString outsideBraces = raw;
     outsideBraces.remove(QRegularExpression(QStringLiteral("\\{[^}]*\\}")));
-    if (foreignAnglePair(outsideBraces))
+    if (anglePair(outsideBraces))
         causes.push_back(CauseId::AnglePair);
     if (tags.breaksLeft > 0)
         causes.push_back(CauseId::LineBreaks);
     if (tags.visible.contains(QLatin1String("\\n")) || tags.visible.contains(QLatin1String("\\h")))
         causes.push_back(CauseId::Escapes);
+}
+
+// The block's number is also a line of digits inside another caption, which
+// the reader takes for the same entry number.
+bool numberStandsInACaption(const WrittenFile& file, const WrittenBlock& block)
+{
+    if (!isAllDigits(block.number))
+        return false;
+    for (const WrittenBlock& other : file.blocks) {
+        if (other.index != block.index && eventLines(other).contains(block.number))
+            return true;
+    }
+    return false;
+}
+
+// The reader's times of an entry over one of the block's probes, or of the
+// block itself, that no caption has as written: a time line read otherwise.
+bool timesReadOtherwise(const WrittenFile& file, int blockIndex, const LibrarySide& library,
+                        const std::vector<Probe>& probes)
+{
+    if (file.kind != WrittenKind::SubRip && file.kind != WrittenKind::Script)
+        return false;
+    std::set<std::pair<long long, long long>> written;
+    for (const WrittenBlock& block : file.blocks)
+        written.insert({block.start, block.end});
+    const WrittenBlock& block = file.blocks[size_t(blockIndex)];
+    bool ownTimesStored = false;
+    for (const StoredEntry& entry : library.stored)
+        ownTimesStored = ownTimesStored || (entry.start == block.start && entry.end == block.end);
+    if (!ownTimesStored)
+        return true;
+    for (const Probe& probe : probes) {
+        if (probe.block != blockIndex || probe.asWritten)
+            continue;
+        for (const StoredEntry& entry : library.stored) {
+            if (entry.start <= probe.time && probe.time <= entry.end &&
+                !written.count({entry.start, entry.end}))
+                return true;
+        }
+    }
+    return false;
 }
 
 } // namespace
@@ -189,6 +252,8 @@ std::vector<CauseId> explainBlock(const WrittenFile& file, int blockIndex, const
     // What the file's lines tell, when FFmpeg's event was found on them.
     if (file.kind == WrittenKind::SubRip && block.sourceFound)
         explainSubRip(file, block, library, causes);
+    else if (file.kind == WrittenKind::SubRip)
+        explainSubRipLines(eventLines(block), causes);
     else if (file.kind == WrittenKind::Script && block.sourceFound)
         explainScript(file, block, library, causes);
     else if (file.kind == WrittenKind::Other)
@@ -202,6 +267,13 @@ std::vector<CauseId> explainBlock(const WrittenFile& file, int blockIndex, const
         causes.push_back(CauseId::RepeatAfterGap);
     if (!library.wide && !file.utf16 && file.encoding != QLatin1String("UTF-8") && hasNonAscii(block.text))
         causes.push_back(CauseId::Encoding);
+    // Last resorts, looked for only when nothing above applies.
+    if (causes.empty() && file.kind == WrittenKind::SubRip && numberStandsInACaption(file, block))
+        causes.push_back(CauseId::Numbering);
+    if (causes.empty() && timesReadOtherwise(file, blockIndex, library, probes))
+        causes.push_back(CauseId::TimeLine);
+    if (causes.empty() && file.zeroBytes)
+        causes.push_back(CauseId::ZeroByte);
     if (causes.empty())
         causes.push_back(CauseId::Unexplained);
     return causes;
