@@ -212,6 +212,22 @@ TEST_F(FixWriter, HoursOfManyDigitsFromTheFuzzerAreReportedNotMoved)
         EXPECT_TRUE(caption.reasons.empty()) << caption.start << " " << caption.end;
 }
 
+TEST_F(FixWriter, CaptionOnScreenWithAnAnglePairIsReportedInAScriptCopy)
+{
+    // Joined on screen, the pair of the one takes the other with it in a script copy.
+    const std::string script = "[Script Info]\nScriptType: v4.00+\n[Events]\n"
+                               "Format: Layer, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text\n"
+                               "Dialogue: 0,0:00:01.00,0:00:03.00,Default,,0,0,0,,plain\n"
+                               "Dialogue: 0,0:00:02.00,0:00:04.00,Default,,0,0,0,,x <y> z\n";
+    const Fixed fixed = fix(script, "pairs.ass", "copy.ass");
+    ASSERT_EQ(fixed.report.captions.size(), 2u);
+    EXPECT_FALSE(fixed.report.captions[0].textShown);
+    EXPECT_EQ(reasonCodes(fixed.report.captions[0]), std::vector<std::string>{"angle-pair"});
+    EXPECT_EQ(reasonCodes(fixed.report.captions[1]), std::vector<std::string>{"angle-pair"});
+    // A SubRip copy shows both.
+    EXPECT_EQ(fix(script, "pairs.ass", "copy.srt").report.exitCode(), 0);
+}
+
 TEST_F(FixWriter, AdjacentCaptionsSwitchAtTheExactMillisecond)
 {
     const Fixed fixed = fix(entry(1, "00:00:01,000 --> 00:00:02,000", "first") +

@@ -30,9 +30,23 @@ bool survivesLocalCodec(const QString& text)
     return QString::fromLocal8Bit(text.toLocal8Bit()) == text;
 }
 
+// Text between "<" and ">" in the caption or in any caption on screen with it.
+bool anglePairOnScreen(const SourceCaption& caption, const std::vector<Stretch>& stretches)
+{
+    static const QRegularExpression angle(QStringLiteral("<[^>]*>"));
+    if (angle.match(caption.text).hasMatch())
+        return true;
+    for (const Stretch& stretch : stretches) {
+        if (stretch.start < caption.end && caption.start < stretch.end &&
+            angle.match(stretch.lines.join(QLatin1Char('\n'))).hasMatch())
+            return true;
+    }
+    return false;
+}
+
 // Why a caption did not show as written, when nothing known beforehand says so.
 std::vector<CauseId> diagnose(const SourceCaption& caption, const FixReport& report, const CopyCheck& check,
-                              int index)
+                              const std::vector<Stretch>& stretches, int index)
 {
     std::vector<CauseId> causes;
     const bool script = report.format != CopyFormat::SubRip;
@@ -48,8 +62,7 @@ std::vector<CauseId> diagnose(const SourceCaption& caption, const FixReport& rep
             causes.push_back(CauseId::TimeZero);
         if (caption.start % 10 != 0 || caption.end % 10 != 0)
             causes.push_back(CauseId::TimePrecision);
-        static const QRegularExpression angle(QStringLiteral("<[^>]*>"));
-        if (angle.match(caption.text).hasMatch())
+        if (anglePairOnScreen(caption, stretches))
             causes.push_back(CauseId::AnglePair);
     }
     if (causes.empty())
@@ -145,7 +158,7 @@ FixReport fixBuffer(const QByteArray& bytes, const QString& fileName, const FixO
         for (CauseId id : caption.notDrawn)
             outcome.reasons.push_back(reasonFor(id, options.format));
         if (!outcome.textShown && !cutAway) {
-            for (CauseId id : diagnose(caption, report, check, i))
+            for (CauseId id : diagnose(held[size_t(i)], report, check, stretches, i))
                 outcome.reasons.push_back(reasonFor(id, options.format));
         }
         report.captions.push_back(outcome);
