@@ -107,6 +107,8 @@ void printLintJson(const LintReport& report)
                           {"text", block.text.toStdString()}});
     }
     const nlohmann::ordered_json doc = {{"file", report.path.toStdString()},
+                                        {"track", {{"index", report.track},
+                                                   {"reason", report.trackReason.toStdString()}}},
                                         {"kind", kindCode(written.kind)},
                                         {"ffmpegFormat", written.format.toStdString()},
                                         {"encoding", written.encoding.toStdString()},
