@@ -55,7 +55,8 @@ int fuzz_tracks(const uint8_t* data, size_t size)
         if (requested >= 0)
             FUZZ_CHECK(choice.index == requested);
         if (!language.isEmpty())
-            FUZZ_CHECK(list.tracks[size_t(choice.index)].language.compare(language, Qt::CaseInsensitive) == 0);
+            FUZZ_CHECK(list.tracks[size_t(choice.index)].language.compare(language, Qt::CaseInsensitive) ==
+                       0);
         if (requested < 0 && language.isEmpty()) {
             bool anyDefault = false;
             for (const SubtitleTrack& track : list.tracks)

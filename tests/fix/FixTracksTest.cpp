@@ -44,7 +44,8 @@ TEST_F(FixTracks, ListTracksGivesEachTrackInFileOrder)
     EXPECT_EQ(tracks[0].first, 500);
     EXPECT_EQ(tracks[0].last, 4750);
     EXPECT_EQ(tracks[1].language, QStringLiteral("fre"));
-    EXPECT_EQ(tracks[1].title, QString::fromUtf8("Fran\xc3\xa7" "ais"));
+    EXPECT_EQ(tracks[1].title, QString::fromUtf8("Fran\xc3\xa7"
+                                                 "ais"));
     EXPECT_TRUE(tracks[1].isDefault);
     EXPECT_FALSE(tracks[1].forced);
     EXPECT_EQ(tracks[1].first, 1000);
@@ -89,7 +90,8 @@ TEST_F(FixTracks, AnEncodingGivenDoesNotApplyToMatroskaOrMp4Text)
         zemsubfix::FixOptions options;
         options.language = QStringLiteral("fre");
         options.encoding = QStringLiteral("WINDOWS-1252");
-        const zemsubfix::FixReport report = zemsubfix::fixFile(path(file), path(dir->file("enc.srt")), options);
+        const zemsubfix::FixReport report =
+            zemsubfix::fixFile(path(file), path(dir->file("enc.srt")), options);
         ASSERT_TRUE(report.readable) << report.error.toStdString();
         EXPECT_EQ(report.track, 1) << file;
         ASSERT_EQ(report.captions.size(), 2u);
@@ -110,14 +112,16 @@ TEST_F(FixTracks, ATrackOrLanguageThatIsNotThereIsUnreadable)
     options.language = QStringLiteral("spa");
     report = zemsubfix::fixFile(path(files.mp4), path(dir->file("none.srt")), options);
     EXPECT_FALSE(report.readable);
-    EXPECT_TRUE(report.error.contains(QStringLiteral("no subtitle track in spa"))) << report.error.toStdString();
+    EXPECT_TRUE(report.error.contains(QStringLiteral("no subtitle track in spa")))
+        << report.error.toStdString();
 }
 
 TEST_F(FixTracks, AScriptTrackKeepsItsHeaderInAnAssCopy)
 {
     zemsubfix::FixOptions options;
     options.format = zemsubfix::CopyFormat::Ass;
-    const zemsubfix::FixReport report = zemsubfix::fixFile(path(files.ass), path(dir->file("styled.ass")), options);
+    const zemsubfix::FixReport report =
+        zemsubfix::fixFile(path(files.ass), path(dir->file("styled.ass")), options);
     ASSERT_TRUE(report.readable) << report.error.toStdString();
     EXPECT_EQ(report.track, 0);
     EXPECT_TRUE(report.copyOpens);

@@ -10,6 +10,7 @@ const char* const kEnglishSrt = "1\n00:00:00,500 --> 00:00:01,250\nHello\n\n"
                                 "2\n00:00:02,000 --> 00:00:03,000\nWorld\n\n"
                                 "3\n00:00:04,000 --> 00:00:04,750\nBye\n";
 const char* const kUntaggedSrt = "1\n00:00:10,000 --> 00:00:11,000\nNobody's\n";
+// clang-format off
 const char* const kStyledAss =
     "[Script Info]\nScriptType: v4.00+\nPlayResX: 640\nPlayResY: 480\n\n"
     "[V4+ Styles]\n"
@@ -21,6 +22,7 @@ const char* const kStyledAss =
     "\n[Events]\nFormat: Layer, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text\n"
     "Dialogue: 0,0:00:01.00,0:00:02.50,Default,,0,0,0,,Bonjour \xc3\xa0 tous\n"
     "Dialogue: 0,0:00:03.00,0:00:04.00,Sign,,0,0,0,,C\xc5\x93ur\n";
+// clang-format on
 
 QString runFfmpeg(const std::string& dir, const QStringList& args)
 {
@@ -32,7 +34,8 @@ QString runFfmpeg(const std::string& dir, const QStringList& args)
     if (!ffmpeg.waitForStarted(30000))
         return QStringLiteral("cannot run ffmpeg (installed by cmake/install-deps.sh): %1")
             .arg(ffmpeg.errorString());
-    if (!ffmpeg.waitForFinished(120000) || ffmpeg.exitStatus() != QProcess::NormalExit || ffmpeg.exitCode() != 0)
+    if (!ffmpeg.waitForFinished(120000) || ffmpeg.exitStatus() != QProcess::NormalExit ||
+        ffmpeg.exitCode() != 0)
         return QStringLiteral("ffmpeg %1 failed: %2")
             .arg(args.join(QLatin1Char(' ')), QString::fromLocal8Bit(ffmpeg.readAllStandardError()));
     return QString();
@@ -45,6 +48,7 @@ TrackFiles makeTrackFiles(const TempDir& dir)
     dir.write("fre.srt", kFrenchSrt);
     dir.write("none.srt", kUntaggedSrt);
     dir.write("styled.ass", kStyledAss);
+    // clang-format off
     const QStringList steps[] = {
         QStringList{"-i", "eng.srt", "-i", "fre.srt", "-i", "none.srt", "-map", "0", "-map", "1", "-map", "2",
                     "-c:s", "srt", "-metadata:s:s:0", "language=eng", "-metadata:s:s:1", "language=fre",
@@ -59,6 +63,7 @@ TrackFiles makeTrackFiles(const TempDir& dir)
         QStringList{"-f", "lavfi", "-i", "anullsrc=r=8000:cl=mono", "-t", "0.2", "-c:a", "pcm_s16le",
                     "audio.mkv"},
     };
+    // clang-format on
     for (const QStringList& step : steps) {
         files.error = runFfmpeg(dir.path(), step);
         if (!files.error.isEmpty())

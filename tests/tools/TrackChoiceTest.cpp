@@ -71,7 +71,8 @@ TEST(TrackChoice, AnAbsentLanguageIsRefusedNamingTheLanguagesThere)
 
 TEST(TrackChoice, PlayersTakeTheDefaultTrackThenTheFirstTextThenTheFirstPicture)
 {
-    TrackChoice choice = chooseTrack(numbered({track("eng"), track("", false, true), track("fre", true)}), -1, {});
+    TrackChoice choice =
+        chooseTrack(numbered({track("eng"), track("", false, true), track("fre", true)}), -1, {});
     EXPECT_EQ(choice.index, 2);
     EXPECT_EQ(choice.why, QStringLiteral("default"));
     choice = chooseTrack(numbered({track("eng", false, true), track("fre"), track("ger")}), -1, {});
@@ -80,7 +81,8 @@ TEST(TrackChoice, PlayersTakeTheDefaultTrackThenTheFirstTextThenTheFirstPicture)
     choice = chooseTrack(numbered({track("eng", false, true), track("fre", false, true)}), -1, {});
     EXPECT_EQ(choice.index, 0);
     EXPECT_EQ(choice.why, QStringLiteral("first picture track"));
-    choice = chooseTrack(numbered({track("eng", false, true), track("fre", true, true), track("ger")}), -1, {});
+    choice =
+        chooseTrack(numbered({track("eng", false, true), track("fre", true, true), track("ger")}), -1, {});
     EXPECT_EQ(choice.index, 1);
 }
 
@@ -98,7 +100,8 @@ TEST(TrackChoice, DescribedWithItsLanguageReasonCodecAndTitle)
     auto tracks = numbered({track("eng"), track("fre", true)});
     tracks[1].title = QStringLiteral("Forced bits");
     const TrackChoice choice = chooseTrack(tracks, -1, QString());
-    EXPECT_EQ(describeChoice(tracks[1], choice), QStringLiteral("track 1 (fre, default): subrip \"Forced bits\""));
+    EXPECT_EQ(describeChoice(tracks[1], choice),
+              QStringLiteral("track 1 (fre, default): subrip \"Forced bits\""));
 }
 
 } // namespace

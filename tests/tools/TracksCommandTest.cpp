@@ -60,8 +60,8 @@ TEST_F(TracksCommand, ListsMatroskaTracksInFileOrderWithTheirTagsFlagsCountsAndT
     std::vector<std::string> keys;
     for (auto it = eng.begin(); it != eng.end(); ++it)
         keys.push_back(it.key());
-    const std::vector<std::string> expectedKeys = {"track", "codec", "kind", "language", "title", "default",
-                                                   "forced", "captions", "first", "last"};
+    const std::vector<std::string> expectedKeys = {"track",   "codec",  "kind",     "language", "title",
+                                                   "default", "forced", "captions", "first",    "last"};
     EXPECT_EQ(keys, expectedKeys);
 
     EXPECT_EQ(eng["track"], 0);
@@ -146,9 +146,11 @@ TEST_F(TracksCommand, NoSubtitleTrackOrAnUnreadableFileIsExitOneNamingTheFile)
 TEST_F(TracksCommand, FixTakesTheDefaultTrackAndKeepsItsUtf8TextByteForByte)
 {
     const std::string copy = dir->file("default.srt");
-    const RunResult result = runZemsub({QStringLiteral("fix"), qs(files.mkv), QStringLiteral("-o"), qs(copy)});
+    const RunResult result =
+        runZemsub({QStringLiteral("fix"), qs(files.mkv), QStringLiteral("-o"), qs(copy)});
     ASSERT_EQ(result.exitCode, 0) << result.err.toStdString() << result.out.toStdString();
-    EXPECT_TRUE(result.err.contains(QStringLiteral("using track 1 (fre, default): subrip"))) << result.err.toStdString();
+    EXPECT_TRUE(result.err.contains(QStringLiteral("using track 1 (fre, default): subrip")))
+        << result.err.toStdString();
     const std::string bytes = readFile(copy);
     EXPECT_NE(bytes.find(std::string("00:00:01,000 --> ") + "00:00:02,499\n" + kFrenchFirst + "\n"),
               std::string::npos)
@@ -160,10 +162,10 @@ TEST_F(TracksCommand, FixTakesTheDefaultTrackAndKeepsItsUtf8TextByteForByte)
 
 TEST_F(TracksCommand, FixJsonSaysTheTrackAndWhyAndTheCaptionsToTheMillisecond)
 {
-    const RunResult result = runZemsub({QStringLiteral("fix"), qs(files.mkv), QStringLiteral("-o"),
-                                        qs(dir->file("lang.srt")), QStringLiteral("--language"),
-                                        QStringLiteral("eng"), QStringLiteral("--json"),
-                                        QStringLiteral("--encoding"), QStringLiteral("WINDOWS-1252")});
+    const RunResult result =
+        runZemsub({QStringLiteral("fix"), qs(files.mkv), QStringLiteral("-o"), qs(dir->file("lang.srt")),
+                   QStringLiteral("--language"), QStringLiteral("eng"), QStringLiteral("--json"),
+                   QStringLiteral("--encoding"), QStringLiteral("WINDOWS-1252")});
     ASSERT_EQ(result.exitCode, 0) << result.err.toStdString();
     const nlohmann::json doc = json(result);
     EXPECT_EQ(doc["track"]["index"], 0);
@@ -174,9 +176,9 @@ TEST_F(TracksCommand, FixJsonSaysTheTrackAndWhyAndTheCaptionsToTheMillisecond)
     EXPECT_EQ(doc["outcomes"][0]["end"], 1250);
     EXPECT_EQ(doc["outcomes"][2]["written"], "Bye");
 
-    const RunResult french = runZemsub({QStringLiteral("fix"), qs(files.mp4), QStringLiteral("-o"),
-                                        qs(dir->file("mp4.srt")), QStringLiteral("--track"), QStringLiteral("1"),
-                                        QStringLiteral("--json")});
+    const RunResult french =
+        runZemsub({QStringLiteral("fix"), qs(files.mp4), QStringLiteral("-o"), qs(dir->file("mp4.srt")),
+                   QStringLiteral("--track"), QStringLiteral("1"), QStringLiteral("--json")});
     ASSERT_EQ(french.exitCode, 0) << french.err.toStdString();
     const nlohmann::json mp4 = json(french);
     EXPECT_EQ(mp4["track"]["index"], 1);
@@ -191,8 +193,8 @@ TEST_F(TracksCommand, FixJsonSaysTheTrackAndWhyAndTheCaptionsToTheMillisecond)
 
 TEST_F(TracksCommand, WithoutADefaultFlagThePlayersChoiceIsTheFirstTextTrack)
 {
-    const RunResult result = runZemsub(
-        {QStringLiteral("fix"), qs(files.ass), QStringLiteral("-o"), qs(dir->file("first.srt")), QStringLiteral("--json")});
+    const RunResult result = runZemsub({QStringLiteral("fix"), qs(files.ass), QStringLiteral("-o"),
+                                        qs(dir->file("first.srt")), QStringLiteral("--json")});
     ASSERT_EQ(result.exitCode, 0) << result.err.toStdString();
     EXPECT_EQ(json(result)["track"]["index"], 0);
     EXPECT_EQ(json(result)["track"]["reason"], "first text track");
@@ -207,24 +209,27 @@ TEST_F(TracksCommand, WithoutADefaultFlagThePlayersChoiceIsTheFirstTextTrack)
 
 TEST_F(TracksCommand, ATrackOutOfRangeOrAnAbsentLanguageIsExitOne)
 {
-    const RunResult range = runZemsub({QStringLiteral("fix"), qs(files.mkv), QStringLiteral("-o"),
-                                       qs(dir->file("x.srt")), QStringLiteral("--track"), QStringLiteral("3")});
+    const RunResult range =
+        runZemsub({QStringLiteral("fix"), qs(files.mkv), QStringLiteral("-o"), qs(dir->file("x.srt")),
+                   QStringLiteral("--track"), QStringLiteral("3")});
     EXPECT_EQ(range.exitCode, 1);
     EXPECT_TRUE(range.err.contains(QStringLiteral("there is no track 3: its subtitle tracks are 0 to 2")))
         << range.err.toStdString();
     EXPECT_FALSE(QFile::exists(qs(dir->file("x.srt"))));
 
-    const RunResult language = runZemsub({QStringLiteral("lint"), qs(files.mkv), QStringLiteral("--language"),
-                                          QStringLiteral("deu")});
+    const RunResult language = runZemsub(
+        {QStringLiteral("lint"), qs(files.mkv), QStringLiteral("--language"), QStringLiteral("deu")});
     EXPECT_EQ(language.exitCode, 1);
-    EXPECT_TRUE(language.err.contains(QStringLiteral("no subtitle track in deu: its tracks are eng, fre, untagged")))
+    EXPECT_TRUE(
+        language.err.contains(QStringLiteral("no subtitle track in deu: its tracks are eng, fre, untagged")))
         << language.err.toStdString();
 
-    const RunResult word = runZemsub({QStringLiteral("lint"), qs(files.mkv), QStringLiteral("--track"),
-                                      QStringLiteral("two")});
+    const RunResult word =
+        runZemsub({QStringLiteral("lint"), qs(files.mkv), QStringLiteral("--track"), QStringLiteral("two")});
     EXPECT_EQ(word.exitCode, 2);
-    const RunResult both = runZemsub({QStringLiteral("lint"), qs(files.mkv), QStringLiteral("--track"),
-                                      QStringLiteral("0"), QStringLiteral("--language"), QStringLiteral("eng")});
+    const RunResult both =
+        runZemsub({QStringLiteral("lint"), qs(files.mkv), QStringLiteral("--track"), QStringLiteral("0"),
+                   QStringLiteral("--language"), QStringLiteral("eng")});
     EXPECT_EQ(both.exitCode, 2);
 }
 
@@ -246,7 +251,8 @@ TEST_F(TracksCommand, LintReadsTheChosenTrackAndSaysWhichInJson)
 TEST_F(TracksCommand, AScriptTrackCopiedAsAssKeepsItsStyles)
 {
     const std::string copy = dir->file("styled-copy.ass");
-    const RunResult result = runZemsub({QStringLiteral("fix"), qs(files.ass), QStringLiteral("-o"), qs(copy)});
+    const RunResult result =
+        runZemsub({QStringLiteral("fix"), qs(files.ass), QStringLiteral("-o"), qs(copy)});
     ASSERT_EQ(result.exitCode, 0) << result.err.toStdString() << result.out.toStdString();
     const std::string bytes = readFile(copy);
     EXPECT_NE(bytes.find("PlayResX: 640\n"), std::string::npos) << bytes;

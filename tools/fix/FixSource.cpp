@@ -83,9 +83,10 @@ SourceFile readSource(const QByteArray& bytes, const QString& fileName, const QS
     }
     const TrackChoice choice = chooseTrack(tracks.tracks, track, language);
     if (!choice.chosen) {
-        source.error = tracks.tracks.empty()
-                           ? QStringLiteral("FFmpeg finds no subtitle track in it (read as %1)").arg(tracks.formatTitle)
-                           : choice.error;
+        source.error =
+            tracks.tracks.empty()
+                ? QStringLiteral("FFmpeg finds no subtitle track in it (read as %1)").arg(tracks.formatTitle)
+                : choice.error;
         return source;
     }
     source.track = choice.index;
@@ -110,9 +111,10 @@ SourceFile readSource(const QByteArray& bytes, const QString& fileName, const QS
         caption.start = block.start;
         caption.end = block.end;
         caption.text = block.text;
-        const QString raw = (written.kind == WrittenKind::Script || written.utf8Track) && block.rawLines.isEmpty()
-                                ? eventTextField(block.event)
-                                : block.rawLines.join(QLatin1Char('\n'));
+        const QString raw =
+            (written.kind == WrittenKind::Script || written.utf8Track) && block.rawLines.isEmpty()
+                ? eventTextField(block.event)
+                : block.rawLines.join(QLatin1Char('\n'));
         caption.notDrawn = markupCauses(raw);
         for (CauseId id : caption.notDrawn) {
             if (id == CauseId::Drawing && (written.kind == WrittenKind::Script || written.utf8Track))

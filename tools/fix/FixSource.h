@@ -26,10 +26,10 @@ struct SourceFile
     bool readable = false;
     QString error;
     QString encoding;
-    int track = -1;        // the subtitle track read; -1 when none was taken
-    QString trackReason;   // why that one
-    QString trackSummary;  // the track and why, in one line
-    QString scriptHeader;  // an ASS/SSA track's header as stored beside it (Matroska, MP4)
+    int track = -1;       // the subtitle track read; -1 when none was taken
+    QString trackReason;  // why that one
+    QString trackSummary; // the track and why, in one line
+    QString scriptHeader; // an ASS/SSA track's header as stored beside it (Matroska, MP4)
     std::vector<SourceCaption> captions;
 };
 

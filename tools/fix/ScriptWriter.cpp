@@ -15,10 +15,10 @@ QString dialogue(long long start, long long end, const QString& text)
         .arg(scriptTime(start), scriptTime(end), text);
 }
 
-const QString kStyleFormat = QStringLiteral(
-    "Format: Name, Fontname, Fontsize, PrimaryColour, SecondaryColour, OutlineColour, "
-    "BackColour, Bold, Italic, Underline, StrikeOut, ScaleX, ScaleY, Spacing, Angle, "
-    "BorderStyle, Outline, Shadow, Alignment, MarginL, MarginR, MarginV, Encoding");
+const QString kStyleFormat =
+    QStringLiteral("Format: Name, Fontname, Fontsize, PrimaryColour, SecondaryColour, OutlineColour, "
+                   "BackColour, Bold, Italic, Underline, StrikeOut, ScaleX, ScaleY, Spacing, Angle, "
+                   "BorderStyle, Outline, Shadow, Alignment, MarginL, MarginR, MarginV, Encoding");
 const QString kDefaultStyle =
     QStringLiteral("Style: Default,Arial,20,16777215,255,0,0,0,0,0,0,100,100,0,0,1,2,2,2,10,10,10,1");
 
@@ -73,8 +73,9 @@ QStringList keptHeader(const QString& header)
         if (section == QLatin1String("[v4+ styles]")) {
             if (trimmed.startsWith(QLatin1String("Format:"), Qt::CaseInsensitive)) {
                 QString fields = trimmed;
-                standardFormat = fields.remove(QLatin1Char(' ')).compare(
-                                     QString(kStyleFormat).remove(QLatin1Char(' ')), Qt::CaseInsensitive) == 0;
+                standardFormat =
+                    fields.remove(QLatin1Char(' '))
+                        .compare(QString(kStyleFormat).remove(QLatin1Char(' ')), Qt::CaseInsensitive) == 0;
             } else if (trimmed.startsWith(QLatin1String("Style:"), Qt::CaseInsensitive)) {
                 line = plainNumbers(trimmed);
                 hasDefault = hasDefault || line.mid(6).trimmed().startsWith(QLatin1String("Default,"));

@@ -20,14 +20,14 @@ struct SubtitleEvent
 // A file demuxed by libavformat and one subtitle stream decoded by libavcodec.
 struct SubtitleEvents
 {
-    bool read = false;                 // false: failure says why
-    QString failure;                   // FFmpeg's reason, in its words
-    QString format;                    // the demuxer's name: "srt", "ass", "webvtt", "microdvd", ...
-    QString formatTitle;               // its long name
-    QString codec;                     // the decoder's name
-    QString header;                    // ASS/SSA: the script's header (codec extradata), when the file keeps it so
-    bool pictures = false;             // the decoder draws pictures (VobSub, PGS, ...): no events are read
-    int failedPackets = 0;             // packets the decoder refused (invalid text in the encoding, ...)
+    bool read = false;     // false: failure says why
+    QString failure;       // FFmpeg's reason, in its words
+    QString format;        // the demuxer's name: "srt", "ass", "webvtt", "microdvd", ...
+    QString formatTitle;   // its long name
+    QString codec;         // the decoder's name
+    QString header;        // ASS/SSA: the script's header (codec extradata), when the file keeps it so
+    bool pictures = false; // the decoder draws pictures (VobSub, PGS, ...): no events are read
+    int failedPackets = 0; // packets the decoder refused (invalid text in the encoding, ...)
     std::vector<SubtitleEvent> events; // in FFmpeg's order (by start time, then file position)
 };
 

@@ -141,7 +141,8 @@ TrackList listSubtitleTracks(const QByteArray& bytes, const QString& fileName)
             const AVRational timeBase = format->streams[packet->stream_index]->time_base;
             const long long pts = packet->pts != AV_NOPTS_VALUE ? packet->pts : 0;
             const long long start = toMilliseconds(pts, timeBase);
-            const long long end = packet->duration > 0 ? toMilliseconds(pts + packet->duration, timeBase) : start;
+            const long long end =
+                packet->duration > 0 ? toMilliseconds(pts + packet->duration, timeBase) : start;
             AVCodecContext* decoder = decoders[size_t(index)].get();
             if (!decoder) {
                 if (packet->size > 0)

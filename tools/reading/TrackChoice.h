@@ -14,7 +14,7 @@ struct TrackChoice
     bool chosen = false; // false: error says why
     QString error;
     int index = -1; // among the subtitle tracks, from 0
-    QString why;    // "asked for", "default", "first of its language", "first text track", "first picture track"
+    QString why; // "asked for", "default", "first of its language", "first text track", "first picture track"
 };
 
 // requested >= 0 takes that track; else a non-empty language takes that

@@ -49,10 +49,11 @@ void printText(const QString& path, const TrackList& list)
             flags += QStringLiteral(", default");
         if (track.forced)
             flags += QStringLiteral(", forced");
-        QString line = QStringLiteral("  %1: %2 (%3), %4%5")
-                           .arg(track.index)
-                           .arg(track.codec, track.pictures ? QStringLiteral("picture") : QStringLiteral("text"),
-                                track.language.isEmpty() ? QStringLiteral("untagged") : track.language, flags);
+        QString line =
+            QStringLiteral("  %1: %2 (%3), %4%5")
+                .arg(track.index)
+                .arg(track.codec, track.pictures ? QStringLiteral("picture") : QStringLiteral("text"),
+                     track.language.isEmpty() ? QStringLiteral("untagged") : track.language, flags);
         if (!track.title.isEmpty())
             line += QStringLiteral(", \"%1\"").arg(track.title);
         line += QStringLiteral(", %1 caption%2").arg(track.captions).arg(track.captions == 1 ? "" : "s");
