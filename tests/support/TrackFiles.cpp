@@ -41,6 +41,16 @@ QString runFfmpeg(const std::string& dir, const QStringList& args)
     return QString();
 }
 
+std::string makePictureFile(const TempDir& dir, const std::string& indexPath, QString* error)
+{
+    dir.write("eng.srt", kEnglishSrt);
+    *error = runFfmpeg(dir.path(), {"-i", QString::fromStdString(indexPath), "-i", "eng.srt", "-map", "0:s",
+                                    "-map", "1", "-c:s:0", "copy", "-c:s:1", "srt", "-metadata:s:s:1",
+                                    "language=eng", "-disposition:s:0", "0", "-disposition:s:1", "0",
+                                    "-default_mode", "passthrough", "pictures.mkv"});
+    return error->isEmpty() ? dir.file("pictures.mkv") : std::string();
+}
+
 TrackFiles makeTrackFiles(const TempDir& dir)
 {
     TrackFiles files;

@@ -33,4 +33,8 @@ QString runFfmpeg(const std::string& dir, const QStringList& args);
 // Writes the subtitle files into dir and muxes them.
 TrackFiles makeTrackFiles(const TempDir& dir);
 
+// Matroska in dir: 0 the VobSub pictures of indexPath (as tagged there), 1 an
+// English SubRip track; neither default. Empty, with ffmpeg's words in *error, when not made.
+std::string makePictureFile(const TempDir& dir, const std::string& indexPath, QString* error);
+
 #endif

@@ -262,5 +262,37 @@ TEST_F(TracksCommand, AScriptTrackCopiedAsAssKeepsItsStyles)
     EXPECT_NE(bytes.find(std::string(",,C\xc5\x93ur\n")), std::string::npos) << bytes;
 }
 
+TEST_F(TracksCommand, APictureTrackIsListedAsSuchAndNotFixedAsText)
+{
+    QString error;
+    const std::string file =
+        makePictureFile(*dir, sample(QStringLiteral("vobsub.idx")).toStdString(), &error);
+    ASSERT_TRUE(error.isEmpty()) << error.toStdString();
+    const RunResult listed = runZemsub({QStringLiteral("tracks"), qs(file), QStringLiteral("--json")});
+    ASSERT_EQ(listed.exitCode, 0) << listed.err.toStdString();
+    const nlohmann::json doc = json(listed);
+    ASSERT_EQ(doc["tracks"].size(), 2u);
+    EXPECT_EQ(doc["tracks"][0]["codec"], "dvd_subtitle");
+    EXPECT_EQ(doc["tracks"][0]["kind"], "picture");
+    EXPECT_GT(doc["tracks"][0]["captions"], 0);
+    EXPECT_EQ(doc["tracks"][1]["kind"], "text");
+
+    // Without a default track, players take the first text track over an earlier picture track.
+    const RunResult player = runZemsub({QStringLiteral("fix"), qs(file), QStringLiteral("-o"),
+                                        qs(dir->file("pic.srt")), QStringLiteral("--json")});
+    ASSERT_EQ(player.exitCode, 0) << player.err.toStdString();
+    EXPECT_EQ(json(player)["track"]["index"], 1);
+    EXPECT_EQ(json(player)["track"]["reason"], "first text track");
+
+    const RunResult pictures =
+        runZemsub({QStringLiteral("fix"), qs(file), QStringLiteral("-o"), qs(dir->file("pic0.srt")),
+                   QStringLiteral("--track"), QStringLiteral("0")});
+    EXPECT_EQ(pictures.exitCode, 1);
+    EXPECT_TRUE(pictures.err.contains(qs(file) +
+                                      QStringLiteral(": cannot fix: its subtitles are pictures, not text")))
+        << pictures.err.toStdString();
+    EXPECT_FALSE(QFile::exists(qs(dir->file("pic0.srt"))));
+}
+
 } // namespace
 #endif
