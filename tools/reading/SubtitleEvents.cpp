@@ -99,6 +99,11 @@ SubtitleEvents readSubtitleEvents(const QByteArray& bytes, const QString& fileNa
         return result;
     }
     AVStream* subtitles = format->streams[stream];
+    // Only this stream's packets are handed over.
+    for (unsigned i = 0; i < format->nb_streams; ++i) {
+        if (int(i) != stream)
+            format->streams[i]->discard = AVDISCARD_ALL;
+    }
     const std::unique_ptr<AVCodecContext, CodecCloser> codec(avcodec_alloc_context3(decoder));
     if (!codec || avcodec_parameters_to_context(codec.get(), subtitles->codecpar) < 0) {
         result.failure = ffmpegError(AVERROR(ENOMEM));

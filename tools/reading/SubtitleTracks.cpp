@@ -106,9 +106,12 @@ TrackList listSubtitleTracks(const QByteArray& bytes, const QString& fileName)
     std::vector<int> trackOfStream(format->nb_streams, -1);
     std::vector<Decoder> decoders;
     for (unsigned i = 0; i < format->nb_streams; ++i) {
-        const AVStream* stream = format->streams[i];
-        if (stream->codecpar->codec_type != AVMEDIA_TYPE_SUBTITLE)
+        AVStream* stream = format->streams[i];
+        if (stream->codecpar->codec_type != AVMEDIA_TYPE_SUBTITLE) {
+            // Video and audio packets are skipped by the demuxer, not handed over.
+            stream->discard = AVDISCARD_ALL;
             continue;
+        }
         SubtitleTrack track;
         track.index = int(list.tracks.size());
         track.stream = int(i);
