@@ -72,6 +72,9 @@ TrackFiles makeTrackFiles(const TempDir& dir)
                     "-default_mode", "passthrough", "styled.mkv"},
         QStringList{"-f", "lavfi", "-i", "anullsrc=r=8000:cl=mono", "-t", "0.2", "-c:a", "pcm_s16le",
                     "audio.mkv"},
+        QStringList{"-f", "lavfi", "-i", "anullsrc=r=8000:cl=mono", "-i", "fre.srt", "-i", "eng.srt",
+                    "-map", "0:a", "-map", "1", "-map", "2", "-t", "12", "-c:a", "pcm_s16le", "-c:s", "srt",
+                    "-metadata:s:s:1", "language=eng", "mixed.mkv"},
     };
     // clang-format on
     for (const QStringList& step : steps) {
@@ -83,5 +86,6 @@ TrackFiles makeTrackFiles(const TempDir& dir)
     files.mp4 = dir.file("tracks.mp4");
     files.ass = dir.file("styled.mkv");
     files.audio = dir.file("audio.mkv");
+    files.mixed = dir.file("mixed.mkv");
     return files;
 }

@@ -25,6 +25,7 @@ struct TrackFiles
     std::string mp4;   // mov_text tracks: 0 eng, 1 fre (the muxer flags the first default)
     std::string ass;   // Matroska: 0 the styled script (untagged), 1 eng; neither default
     std::string audio; // Matroska with one audio stream and no subtitles
+    std::string mixed; // Matroska: an audio stream, then the French track (untagged), then the English one (eng)
 };
 
 // Runs ffmpeg with args (after -y -loglevel error) in dir: "" on success, else why not.

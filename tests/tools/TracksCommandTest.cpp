@@ -294,5 +294,29 @@ TEST_F(TracksCommand, APictureTrackIsListedAsSuchAndNotFixedAsText)
     EXPECT_FALSE(QFile::exists(qs(dir->file("pic0.srt"))));
 }
 
+TEST_F(TracksCommand, TracksAreCountedAmongTheSubtitleStreamsOnly)
+{
+    const RunResult listed = runZemsub({QStringLiteral("tracks"), qs(files.mixed), QStringLiteral("--json")});
+    ASSERT_EQ(listed.exitCode, 0) << listed.err.toStdString();
+    const nlohmann::json doc = json(listed);
+    ASSERT_EQ(doc["tracks"].size(), 2u);
+    EXPECT_EQ(doc["tracks"][0]["track"], 0);
+    EXPECT_EQ(doc["tracks"][0]["language"], "");
+    EXPECT_EQ(doc["tracks"][0]["captions"], 2);
+    EXPECT_EQ(doc["tracks"][1]["track"], 1);
+    EXPECT_EQ(doc["tracks"][1]["language"], "eng");
+    EXPECT_EQ(doc["tracks"][1]["captions"], 3);
+
+    const RunResult fixed =
+        runZemsub({QStringLiteral("fix"), qs(files.mixed), QStringLiteral("-o"), qs(dir->file("mixed.srt")),
+                   QStringLiteral("--track"), QStringLiteral("0"), QStringLiteral("--json")});
+    ASSERT_EQ(fixed.exitCode, 0) << fixed.err.toStdString();
+    const nlohmann::json report = json(fixed);
+    ASSERT_EQ(report["outcomes"].size(), 2u);
+    EXPECT_EQ(report["outcomes"][0]["written"], kFrenchFirst);
+    EXPECT_TRUE(fixed.err.contains(QStringLiteral("using track 0 (untagged, asked for): subrip")))
+        << fixed.err.toStdString();
+}
+
 } // namespace
 #endif
