@@ -22,7 +22,8 @@
     X(ass_map)                                                                                               \
     X(string_ops)                                                                                            \
     X(lint_reading)                                                                                          \
-    X(fix)
+    X(fix)                                                                                                   \
+    X(tracks)
 
 #define ZEMSUB_FUZZ_DECLARE(name) int fuzz_##name(const uint8_t* data, size_t size);
 ZEMSUB_FUZZ_TARGETS(ZEMSUB_FUZZ_DECLARE)

@@ -2,6 +2,7 @@
 
 #include "reading/EventText.h"
 #include "reading/ReadWrittenFile.h"
+#include "reading/TrackChoice.h"
 
 #include <QRegularExpression>
 
@@ -70,11 +71,28 @@ QString withoutDrawing(const QString& raw)
 
 } // namespace
 
-SourceFile readSource(const QByteArray& bytes, const QString& fileName, const QString& forcedEncoding)
+SourceFile readSource(const QByteArray& bytes, const QString& fileName, const QString& forcedEncoding,
+                      int track, const QString& language)
 {
     using namespace zemsub::tool;
     SourceFile source;
-    const WrittenFile written = readWrittenFile(bytes, fileName, forcedEncoding);
+    const TrackList tracks = listSubtitleTracks(bytes, fileName);
+    if (!tracks.read) {
+        source.error = tracks.failure;
+        return source;
+    }
+    const TrackChoice choice = chooseTrack(tracks.tracks, track, language);
+    if (!choice.chosen) {
+        source.error =
+            tracks.tracks.empty()
+                ? QStringLiteral("FFmpeg finds no subtitle track in it (read as %1)").arg(tracks.formatTitle)
+                : choice.error;
+        return source;
+    }
+    source.track = choice.index;
+    source.trackReason = choice.why;
+    source.trackSummary = describeChoice(tracks.tracks[size_t(choice.index)], choice);
+    const WrittenFile written = readWrittenTrack(bytes, fileName, forcedEncoding, tracks, choice.index);
     if (written.failed()) {
         source.error = written.failure;
         return source;
@@ -85,6 +103,7 @@ SourceFile readSource(const QByteArray& bytes, const QString& fileName, const QS
     }
     source.readable = true;
     source.encoding = written.encoding;
+    source.scriptHeader = written.scriptHeader;
     for (const WrittenBlock& block : written.blocks) {
         SourceCaption caption;
         caption.index = block.index;
@@ -92,12 +111,13 @@ SourceFile readSource(const QByteArray& bytes, const QString& fileName, const QS
         caption.start = block.start;
         caption.end = block.end;
         caption.text = block.text;
-        const QString raw = written.kind == WrittenKind::Script && block.rawLines.isEmpty()
-                                ? eventTextField(block.event)
-                                : block.rawLines.join(QLatin1Char('\n'));
+        const QString raw =
+            (written.kind == WrittenKind::Script || written.utf8Track) && block.rawLines.isEmpty()
+                ? eventTextField(block.event)
+                : block.rawLines.join(QLatin1Char('\n'));
         caption.notDrawn = markupCauses(raw);
         for (CauseId id : caption.notDrawn) {
-            if (id == CauseId::Drawing && written.kind == WrittenKind::Script)
+            if (id == CauseId::Drawing && (written.kind == WrittenKind::Script || written.utf8Track))
                 caption.text = shownText(withoutDrawing(raw));
         }
         source.captions.push_back(caption);

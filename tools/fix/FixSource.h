@@ -26,11 +26,17 @@ struct SourceFile
     bool readable = false;
     QString error;
     QString encoding;
+    int track = -1;       // the subtitle track read; -1 when none was taken
+    QString trackReason;  // why that one
+    QString trackSummary; // the track and why, in one line
+    QString scriptHeader; // an ASS/SSA track's header as stored beside it (Matroska, MP4)
     std::vector<SourceCaption> captions;
 };
 
 // The one place where the original is read.
-SourceFile readSource(const QByteArray& bytes, const QString& fileName, const QString& forcedEncoding);
+// track and language choose among the file's subtitle tracks (see chooseTrack).
+SourceFile readSource(const QByteArray& bytes, const QString& fileName, const QString& forcedEncoding,
+                      int track = -1, const QString& language = QString());
 
 } // namespace zemsubfix
 

@@ -15,7 +15,11 @@ namespace zemsubfix {
 // never due. Times are hundredths, rounded to the nearest. The reader turns only
 // the first \N into a line break, so further breaks are written as line
 // separators, which its painter breaks lines at.
-CopyText writeScript(const std::vector<Stretch>& stretches);
+// header, when it is an ASS header with [V4+ Styles] (a Matroska or MP4
+// track's), replaces the script's own header: its [Script Info] and styles are
+// kept, with ScriptType v4.00+, "&h" values in styles written as plain numbers
+// and a Default style added when it has none.
+CopyText writeScript(const std::vector<Stretch>& stretches, const QString& header = QString());
 
 // h:mm:ss.cc, rounded to the nearest hundredth.
 QString scriptTime(long long ms);

@@ -10,6 +10,7 @@
 #include "Stretch.h"
 #include "SubRipWriter.h"
 #include "manager/detail/FormatCodes.h"
+#include "reading/SubtitleTracks.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -117,7 +118,10 @@ FixReport fixBuffer(const QByteArray& bytes, const QString& fileName, const FixO
 {
     FixReport report;
     report.format = options.format;
-    SourceFile source = readSource(bytes, fileName, options.encoding);
+    SourceFile source = readSource(bytes, fileName, options.encoding, options.track, options.language);
+    report.track = source.track;
+    report.trackReason = source.trackReason;
+    report.trackSummary = source.trackSummary;
     if (!source.readable) {
         report.error = source.error;
         return report;
@@ -128,7 +132,7 @@ FixReport fixBuffer(const QByteArray& bytes, const QString& fileName, const FixO
     const std::vector<SourceCaption> held = heldCaptions(source.captions, options.format);
     const std::vector<Stretch> stretches = buildStretches(held);
     const CopyText copy =
-        options.format == CopyFormat::SubRip ? writeSubRip(stretches) : writeScript(stretches);
+        options.format == CopyFormat::SubRip ? writeSubRip(stretches) : writeScript(stretches, source.scriptHeader);
     report.copy = copy.text.toLocal8Bit();
     report.copyLines = copy.lines;
 
@@ -164,6 +168,41 @@ FixReport fixBuffer(const QByteArray& bytes, const QString& fileName, const FixO
         report.captions.push_back(outcome);
     }
     return report;
+}
+
+std::vector<TrackInfo> listTracks(const QString& path, QString* error)
+{
+    auto fail = [error](const QString& why) {
+        if (error)
+            *error = why;
+        return std::vector<TrackInfo>();
+    };
+    QFile input(path);
+    if (!input.open(QIODevice::ReadOnly))
+        return fail(QStringLiteral("cannot open: %1").arg(input.errorString()));
+    const zemsub::tool::TrackList list = zemsub::tool::listSubtitleTracks(input.readAll(), path);
+    if (!list.read)
+        return fail(list.failure);
+    if (list.tracks.empty())
+        return fail(QStringLiteral("FFmpeg finds no subtitle track in it (read as %1)").arg(list.formatTitle));
+    std::vector<TrackInfo> tracks;
+    for (const zemsub::tool::SubtitleTrack& track : list.tracks) {
+        TrackInfo info;
+        info.track = track.index;
+        info.codec = track.codec;
+        info.picture = track.pictures;
+        info.language = track.language;
+        info.title = track.title;
+        info.isDefault = track.isDefault;
+        info.forced = track.forced;
+        info.captions = track.captions;
+        info.first = track.first;
+        info.last = track.last;
+        tracks.push_back(info);
+    }
+    if (error)
+        error->clear();
+    return tracks;
 }
 
 FixReport fixFile(const QString& inputPath, const QString& outputPath, const FixOptions& options)

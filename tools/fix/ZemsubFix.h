@@ -38,7 +38,29 @@ struct FixOptions
 {
     CopyFormat format = CopyFormat::SubRip;
     QString encoding; // the input's encoding (an iconv name) when detection guesses wrong; empty: detected
+                      // (plain files only: Matroska and MP4 tracks are UTF-8)
+    int track = -1;   // the subtitle track to fix, from 0 in file order; -1: the one a player takes
+    QString language; // else the track of this language (as tagged, ISO 639-2): its default one, else its first
 };
+
+// One subtitle track of a file (a plain subtitle file is one track).
+struct TrackInfo
+{
+    int track = 0;        // from 0, in file order (FFmpeg's 0:s:N)
+    QString codec;        // FFmpeg's codec name: "subrip", "ass", "mov_text", "hdmv_pgs_subtitle", ...
+    bool picture = false; // its subtitles are pictures, not text
+    QString language;     // as tagged (ISO 639-2); empty when untagged
+    QString title;
+    bool isDefault = false;
+    bool forced = false;
+    int captions = 0;
+    long long first = -1; // milliseconds: start of the earliest caption; -1 when none
+    long long last = -1;  // milliseconds: end of the latest caption; -1 when none
+};
+
+// The subtitle tracks of the file at path, in file order. Empty, with the
+// reason in *error (when given), when the file cannot be read or has none.
+ZEMSUBFIX_EXPORT std::vector<TrackInfo> listTracks(const QString& path, QString* error);
 
 // Why a caption cannot show as written: a stable code and the words lint uses.
 struct Reason
@@ -66,6 +88,9 @@ struct ZEMSUBFIX_EXPORT FixReport
     QString error;         // why, when not readable or when the copy could not be written
     QString encoding;      // the input's encoding as read
     CopyFormat format = CopyFormat::SubRip;
+    int track = -1;        // the subtitle track fixed, from 0; -1 when none was taken
+    QString trackReason;   // why it: "asked for", "default", "first of its language", "first text track", ...
+    QString trackSummary;  // "track 1 (fre, default): subrip"
     QByteArray copy;        // the copy's bytes
     int copyLines = 0;      // lines of the copy
     bool copyOpens = false; // the library opened the copy

@@ -75,9 +75,30 @@ void joinEvents(const SubtitleEvents& events, const std::vector<WrittenBlock>& s
         file.blocks[size_t(i)].index = i + 1;
 }
 
-} // namespace
+WrittenFile readUtf8Track(const QByteArray& bytes, const QString& fileName, int track)
+{
+    WrittenFile file;
+    file.encoding = QStringLiteral("UTF-8");
+    file.track = track;
+    file.utf8Track = true;
+    const SubtitleEvents events = readSubtitleEvents(bytes, fileName, QString(), track);
+    file.format = events.format;
+    file.formatTitle = events.formatTitle;
+    if (!events.read) {
+        file.failure = events.failure;
+        return file;
+    }
+    file.read = true;
+    file.refusedEvents = events.failedPackets;
+    file.pictures = events.pictures;
+    file.kind = WrittenKind::Other;
+    file.scriptHeader = events.header;
+    joinEvents(events, {}, false, file);
+    return file;
+}
 
-WrittenFile readWrittenFile(const QByteArray& bytes, const QString& fileName, const QString& forcedEncoding)
+WrittenFile readPlainFile(const QByteArray& bytes, const QString& fileName, const QString& forcedEncoding,
+                          int track)
 {
     WrittenFile file;
     const DetectedEncoding encoding = detectEncoding(bytes, forcedEncoding);
@@ -93,7 +114,8 @@ WrittenFile readWrittenFile(const QByteArray& bytes, const QString& fileName, co
     file.crlf = source.crlf;
     file.lineCount = int(source.lines.size());
 
-    const SubtitleEvents events = readSubtitleEvents(bytes, fileName, encoding.decoderEncoding());
+    file.track = track;
+    const SubtitleEvents events = readSubtitleEvents(bytes, fileName, encoding.decoderEncoding(), track);
     file.format = events.format;
     file.formatTitle = events.formatTitle;
     if (!events.read) {
@@ -115,6 +137,21 @@ WrittenFile readWrittenFile(const QByteArray& bytes, const QString& fileName, co
     // FFmpeg's offsets are the file's own unless its text reader converted UTF-16.
     joinEvents(events, lines, !encoding.utf16, file);
     return file;
+}
+
+} // namespace
+
+WrittenFile readWrittenFile(const QByteArray& bytes, const QString& fileName, const QString& forcedEncoding)
+{
+    return readPlainFile(bytes, fileName, forcedEncoding, -1);
+}
+
+WrittenFile readWrittenTrack(const QByteArray& bytes, const QString& fileName, const QString& forcedEncoding,
+                             const TrackList& tracks, int track)
+{
+    if (tracks.utf8Text)
+        return readUtf8Track(bytes, fileName, track);
+    return readPlainFile(bytes, fileName, forcedEncoding, track);
 }
 
 } // namespace zemsub::tool

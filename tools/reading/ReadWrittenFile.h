@@ -1,6 +1,7 @@
 #ifndef ZEMSUB_READING_READWRITTENFILE_H
 #define ZEMSUB_READING_READWRITTENFILE_H
 
+#include "SubtitleTracks.h"
 #include "WrittenFile.h"
 
 #include <QByteArray>
@@ -17,6 +18,13 @@ namespace zemsub::tool {
 // in failure. FFmpeg prints nothing.
 WrittenFile readWrittenFile(const QByteArray& bytes, const QString& fileName,
                             const QString& forcedEncoding = QString());
+
+// The same for the track-th subtitle track of a file listed as tracks. A track
+// of a format that stores text as UTF-8 (Matroska, MP4) is read as UTF-8 and
+// forcedEncoding is ignored; its blocks are FFmpeg's events alone, and an
+// ASS/SSA track keeps its header in scriptHeader.
+WrittenFile readWrittenTrack(const QByteArray& bytes, const QString& fileName, const QString& forcedEncoding,
+                             const TrackList& tracks, int track);
 
 } // namespace zemsub::tool
 

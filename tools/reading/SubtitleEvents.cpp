@@ -1,7 +1,6 @@
 #include "SubtitleEvents.h"
 
-#include "MemoryInput.h"
-#include "QuietFfmpeg.h"
+#include "DemuxedBytes.h"
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -16,18 +15,6 @@ extern "C" {
 namespace zemsub::tool {
 
 namespace {
-
-QString ffmpegError(int code)
-{
-    char text[AV_ERROR_MAX_STRING_SIZE] = {};
-    av_strerror(code, text, sizeof text);
-    return QString::fromUtf8(text);
-}
-
-struct FormatCloser
-{
-    void operator()(AVFormatContext* context) const { avformat_close_input(&context); }
-};
 
 struct CodecCloser
 {
@@ -68,38 +55,43 @@ void addEvents(const AVSubtitle& subtitle, const AVPacket& packet, AVRational ti
     events.push_back(event);
 }
 
+// The stream of the track-th subtitle stream, its decoder in decoder (null when
+// FFmpeg has none); -1 when there are not that many.
+int subtitleStream(AVFormatContext* format, int track, const AVCodec** decoder)
+{
+    int seen = 0;
+    for (unsigned i = 0; i < format->nb_streams; ++i) {
+        const AVCodecParameters* parameters = format->streams[i]->codecpar;
+        if (parameters->codec_type != AVMEDIA_TYPE_SUBTITLE)
+            continue;
+        if (seen++ == track) {
+            *decoder = avcodec_find_decoder(parameters->codec_id);
+            return int(i);
+        }
+    }
+    return -1;
+}
+
 } // namespace
 
-SubtitleEvents readSubtitleEvents(const QByteArray& bytes, const QString& fileName, const QString& encoding)
+SubtitleEvents readSubtitleEvents(const QByteArray& bytes, const QString& fileName, const QString& encoding,
+                                  int track)
 {
-    quietFfmpeg();
     SubtitleEvents result;
-    MemoryInput input(bytes);
-    AVFormatContext* raw = avformat_alloc_context();
-    if (!raw || !input.context()) {
-        avformat_free_context(raw);
-        result.failure = ffmpegError(AVERROR(ENOMEM));
+    const DemuxedBytes input(bytes, fileName);
+    AVFormatContext* const format = input.format();
+    if (!format) {
+        result.failure = input.failure();
         return result;
     }
-    raw->pb = input.context();
-    raw->flags |= AVFMT_FLAG_CUSTOM_IO;
-    const QByteArray url = fileName.toUtf8();
-    int code = avformat_open_input(&raw, url.constData(), nullptr, nullptr);
-    if (code < 0) {
-        result.failure = QStringLiteral("FFmpeg cannot read it: %1").arg(ffmpegError(code));
-        return result; // avformat_open_input freed the context
-    }
-    const std::unique_ptr<AVFormatContext, FormatCloser> format(raw);
-    result.format = QString::fromUtf8(format->iformat->name);
-    result.formatTitle = QString::fromUtf8(format->iformat->long_name ? format->iformat->long_name : "");
+    result.format = input.formatName();
+    result.formatTitle = input.formatTitle();
 
-    // Formats without a header (MPEG-PS, ...) make their streams as packets come.
-    if (format->nb_streams == 0)
-        avformat_find_stream_info(format.get(), nullptr);
     const AVCodec* decoder = nullptr;
-    const int stream = av_find_best_stream(format.get(), AVMEDIA_TYPE_SUBTITLE, -1, -1, &decoder, 0);
+    const int stream = track < 0 ? av_find_best_stream(format, AVMEDIA_TYPE_SUBTITLE, -1, -1, &decoder, 0)
+                                 : subtitleStream(format, track, &decoder);
     if (stream < 0 || !decoder) {
-        result.failure = stream == AVERROR_DECODER_NOT_FOUND
+        result.failure = stream == AVERROR_DECODER_NOT_FOUND || (stream >= 0 && !decoder)
                              ? QStringLiteral("FFmpeg has no decoder for its subtitles (read as %1)")
                                    .arg(result.formatTitle)
                              : QStringLiteral("FFmpeg finds no subtitle stream in it (read as %1)")
@@ -107,6 +99,11 @@ SubtitleEvents readSubtitleEvents(const QByteArray& bytes, const QString& fileNa
         return result;
     }
     AVStream* subtitles = format->streams[stream];
+    // Only this stream's packets are handed over.
+    for (unsigned i = 0; i < format->nb_streams; ++i) {
+        if (int(i) != stream)
+            format->streams[i]->discard = AVDISCARD_ALL;
+    }
     const std::unique_ptr<AVCodecContext, CodecCloser> codec(avcodec_alloc_context3(decoder));
     if (!codec || avcodec_parameters_to_context(codec.get(), subtitles->codecpar) < 0) {
         result.failure = ffmpegError(AVERROR(ENOMEM));
@@ -116,7 +113,7 @@ SubtitleEvents readSubtitleEvents(const QByteArray& bytes, const QString& fileNa
     AVDictionary* options = nullptr;
     if (!encoding.isEmpty())
         av_dict_set(&options, "sub_charenc", encoding.toLatin1().constData(), 0);
-    code = avcodec_open2(codec.get(), decoder, &options);
+    int code = avcodec_open2(codec.get(), decoder, &options);
     av_dict_free(&options);
     if (code < 0) {
         result.failure = QStringLiteral("FFmpeg cannot open its %1 decoder: %2")
@@ -124,6 +121,9 @@ SubtitleEvents readSubtitleEvents(const QByteArray& bytes, const QString& fileNa
         return result;
     }
     result.codec = QString::fromUtf8(decoder->name);
+    if ((decoder->id == AV_CODEC_ID_ASS || decoder->id == AV_CODEC_ID_SSA) && subtitles->codecpar->extradata)
+        result.header = QString::fromUtf8(reinterpret_cast<const char*>(subtitles->codecpar->extradata),
+                                          subtitles->codecpar->extradata_size);
     const AVCodecDescriptor* descriptor = avcodec_descriptor_get(decoder->id);
     if (descriptor && (descriptor->props & AV_CODEC_PROP_BITMAP_SUB)) {
         result.pictures = true;
@@ -136,7 +136,7 @@ SubtitleEvents readSubtitleEvents(const QByteArray& bytes, const QString& fileNa
         result.failure = ffmpegError(AVERROR(ENOMEM));
         return result;
     }
-    while ((code = av_read_frame(format.get(), packet.get())) >= 0) {
+    while ((code = av_read_frame(format, packet.get())) >= 0) {
         if (packet->stream_index == stream) {
             AVSubtitle subtitle{};
             int got = 0;

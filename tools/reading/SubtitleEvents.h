@@ -17,22 +17,26 @@ struct SubtitleEvent
     QString assLine; // the decoded event: ReadOrder,Layer,Style,Name,MarginL,MarginR,MarginV,Effect,Text
 };
 
-// A file demuxed by libavformat and its first subtitle stream decoded by libavcodec.
+// A file demuxed by libavformat and one subtitle stream decoded by libavcodec.
 struct SubtitleEvents
 {
-    bool read = false;                 // false: failure says why
-    QString failure;                   // FFmpeg's reason, in its words
-    QString format;                    // the demuxer's name: "srt", "ass", "webvtt", "microdvd", ...
-    QString formatTitle;               // its long name
-    QString codec;                     // the decoder's name
-    bool pictures = false;             // the decoder draws pictures (VobSub, PGS, ...): no events are read
-    int failedPackets = 0;             // packets the decoder refused (invalid text in the encoding, ...)
+    bool read = false;     // false: failure says why
+    QString failure;       // FFmpeg's reason, in its words
+    QString format;        // the demuxer's name: "srt", "ass", "webvtt", "microdvd", ...
+    QString formatTitle;   // its long name
+    QString codec;         // the decoder's name
+    QString header;        // ASS/SSA: the script's header (codec extradata), when the file keeps it so
+    bool pictures = false; // the decoder draws pictures (VobSub, PGS, ...): no events are read
+    int failedPackets = 0; // packets the decoder refused (invalid text in the encoding, ...)
     std::vector<SubtitleEvent> events; // in FFmpeg's order (by start time, then file position)
 };
 
 // Reads bytes from memory. fileName gives the extension FFmpeg's probing weighs;
 // encoding, when not empty, is handed to the decoder's text conversion (sub_charenc).
-SubtitleEvents readSubtitleEvents(const QByteArray& bytes, const QString& fileName, const QString& encoding);
+// track is the subtitle stream to decode, counted among the subtitle streams
+// from 0; -1 takes the one FFmpeg finds best.
+SubtitleEvents readSubtitleEvents(const QByteArray& bytes, const QString& fileName, const QString& encoding,
+                                  int track = -1);
 
 } // namespace zemsub::tool
 

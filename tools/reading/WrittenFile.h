@@ -54,12 +54,15 @@ struct HexValue
 struct WrittenFile
 {
     WrittenKind kind = WrittenKind::Unknown;
-    bool read = false;     // FFmpeg read the file; false: failure says why
-    QString failure;       // FFmpeg's reason, when not read
-    QString format;        // FFmpeg's demuxer: "srt", "ass", "webvtt", ...
-    QString formatTitle;   // its long name: "SubRip subtitle", ...
-    int refusedEvents = 0; // events FFmpeg's decoder refused (text invalid in the encoding, ...)
-    bool pictures = false; // FFmpeg reads subtitles drawn as pictures (VobSub, PGS, ...): no blocks
+    bool read = false;      // FFmpeg read the file; false: failure says why
+    QString failure;        // FFmpeg's reason, when not read
+    QString format;         // FFmpeg's demuxer: "srt", "ass", "webvtt", ...
+    QString formatTitle;    // its long name: "SubRip subtitle", ...
+    int refusedEvents = 0;  // events FFmpeg's decoder refused (text invalid in the encoding, ...)
+    bool pictures = false;  // FFmpeg reads subtitles drawn as pictures (VobSub, PGS, ...): no blocks
+    int track = -1;         // the subtitle track read, from 0; -1: the one FFmpeg finds best
+    bool utf8Track = false; // a Matroska or MP4 track: UTF-8 text, no lines of its own (blocks are events)
+    QString scriptHeader;   // such a track's ASS/SSA header ([Script Info], styles), as stored beside it
 
     QString encoding;             // "UTF-8", "UTF-16LE", "WINDOWS-1252", ...
     bool encodingForced = false;  // named with --encoding

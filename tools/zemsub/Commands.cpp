@@ -17,7 +17,7 @@ CommandRunner findCommand(const QString& command)
     static const Entry commands[] = {
         {"info", runInfo},     {"at", runAt},       {"dump", runDump},
         {"render", runRender}, {"sheet", runSheet}, {"lint", runLint},
-        {"fix", runFix},
+        {"fix", runFix},       {"tracks", runTracks},
     };
     for (const Entry& entry : commands) {
         if (command == QLatin1String(entry.name))

@@ -14,6 +14,7 @@ int runRender(const QStringList& args);
 int runSheet(const QStringList& args);
 int runLint(const QStringList& args);
 int runFix(const QStringList& args);
+int runTracks(const QStringList& args);
 
 // Whether the command paints (and so needs a GUI application).
 bool commandPaints(const QString& command);

@@ -4,6 +4,7 @@
 #include "CommandLine.h"
 #include "TextForm.h"
 #include "TimeParser.h"
+#include "TrackOptions.h"
 #include "ZemsubFix.h"
 
 #include <QFileInfo>
@@ -31,6 +32,7 @@ nlohmann::ordered_json reportJson(const QString& input, const QString& output,
                             {"reasons", reasons}});
     }
     return {{"file", input.toStdString()},
+            {"track", {{"index", report.track}, {"reason", report.trackReason.toStdString()}}},
             {"copy", output.toStdString()},
             {"format", zemsubfix::formatExtension(report.format).toStdString()},
             {"encoding", report.encoding.toStdString()},
@@ -96,10 +98,13 @@ int runFix(const QStringList& args)
     line.parser().addOption(jsonOption);
     line.parser().addOption(encodingOption);
     line.parser().addOption(inPlaceOption);
-    line.addPositional(QStringLiteral("file"), QStringLiteral("A SubRip or ASS/SSA file."));
+    const TrackOptions trackOptions(line);
+    line.addPositional(QStringLiteral("file"),
+                       QStringLiteral("A SubRip or ASS/SSA file, or a video file with subtitle tracks."));
     if (!line.parse(args))
         return ExitSuccess;
     const QString input = line.positionals(1, 1).first();
+    const int track = trackOptions.track();
     const bool inPlace = line.parser().isSet(inPlaceOption);
     QString output = line.parser().value(outputOption);
     if (inPlace && !output.isEmpty() &&
@@ -123,7 +128,10 @@ int runFix(const QStringList& args)
     zemsubfix::FixOptions options;
     options.format = zemsubfix::formatForPath(output);
     options.encoding = line.parser().value(encodingOption);
+    options.track = track;
+    options.language = trackOptions.language();
     const zemsubfix::FixReport report = zemsubfix::fixFile(input, output, options);
+    announceTrack(report.trackSummary);
     if (!report.readable)
         fileError(input, QStringLiteral("cannot fix: %1").arg(report.error));
     if (!report.error.isEmpty())

@@ -7,7 +7,9 @@
 #include "LintFindings.h"
 #include "LintProbe.h"
 #include "LintReport.h"
+#include "TrackOptions.h"
 #include "reading/ReadWrittenFile.h"
+#include "reading/TrackChoice.h"
 
 #include <QFile>
 
@@ -18,12 +20,24 @@ namespace zemsub::tool {
 namespace {
 
 // The file as an FFmpeg-based player reads it; exit 1 naming the file when it cannot be read.
-WrittenFile readWrittenSide(const QString& path, const QString& encoding)
+WrittenFile readWrittenSide(const QString& path, const QString& encoding, int track, const QString& language,
+                            TrackChoice& choice)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         fileError(path, QStringLiteral("cannot open: %1").arg(file.errorString()));
-    WrittenFile written = readWrittenFile(file.readAll(), path, encoding);
+    const QByteArray bytes = file.readAll();
+    const TrackList tracks = listSubtitleTracks(bytes, path);
+    if (!tracks.read)
+        fileError(path, QStringLiteral("cannot lint: %1").arg(tracks.failure));
+    if (tracks.tracks.empty())
+        fileError(path, QStringLiteral("cannot lint: FFmpeg finds no subtitle stream in it (read as %1)")
+                            .arg(tracks.formatTitle));
+    choice = chooseTrack(tracks.tracks, track, language);
+    if (!choice.chosen)
+        fileError(path, QStringLiteral("cannot lint: %1").arg(choice.error));
+    announceTrack(describeChoice(tracks.tracks[size_t(choice.index)], choice));
+    WrittenFile written = readWrittenTrack(bytes, path, encoding, tracks, choice.index);
     if (written.failed())
         fileError(path, QStringLiteral("cannot lint: %1").arg(written.failure));
     if (written.pictures)
@@ -71,17 +85,21 @@ int runLint(const QStringList& args)
         QStringLiteral("Read the text as NAME (an iconv name) instead of guessing."), QStringLiteral("NAME"));
     line.parser().addOption(jsonOption);
     line.parser().addOption(encodingOption);
+    const TrackOptions trackOptions(line);
     line.addPositional(QStringLiteral("file"),
                        QStringLiteral("A subtitle file (SubRip, ASS/SSA, WebVTT, ...)."));
     if (!line.parse(args))
         return ExitSuccess;
     const QString path = line.positionals(1, 1).first();
+    const int track = trackOptions.track();
 
     if (isIndexPath(inspectFile(path)))
         fileError(path, QStringLiteral("cannot lint: lint reads text subtitles, and this is a VobSub index"));
     // The library first: its own failures (the wide script reader's thrown int) are reported as such.
     ManagerSession session(path);
-    const WrittenFile written = readWrittenSide(path, line.parser().value(encodingOption));
+    TrackChoice choice;
+    const WrittenFile written =
+        readWrittenSide(path, line.parser().value(encodingOption), track, trackOptions.language(), choice);
     const LibrarySide library = readLibrarySide(path, session);
     const std::vector<Probe> probes = probeLibrary(written, session);
 
@@ -90,6 +108,8 @@ int runLint(const QStringList& args)
     report.written = &written;
     report.library = &library;
     report.findings = judgeBlocks(written, library, probes);
+    report.track = choice.index;
+    report.trackReason = choice.why;
     if (line.parser().isSet(jsonOption))
         printLintJson(report);
     else

@@ -106,21 +106,23 @@ void printLintJson(const LintReport& report)
                           {"end", block.end},
                           {"text", block.text.toStdString()}});
     }
-    const nlohmann::ordered_json doc = {{"file", report.path.toStdString()},
-                                        {"kind", kindCode(written.kind)},
-                                        {"ffmpegFormat", written.format.toStdString()},
-                                        {"encoding", written.encoding.toStdString()},
-                                        {"encodingForced", written.encodingForced},
-                                        {"formatCode", library.formatCode},
-                                        {"format", formatName(library.formatCode).toStdString()},
-                                        {"wide", library.wide},
-                                        {"opened", library.opened},
-                                        {"captions", written.blocks.size()},
-                                        {"refusedEvents", written.refusedEvents},
-                                        {"asWritten", report.findings.empty()},
-                                        {"findings", items},
-                                        {"notes", notes},
-                                        {"written", blocks}};
+    const nlohmann::ordered_json doc = {
+        {"file", report.path.toStdString()},
+        {"track", {{"index", report.track}, {"reason", report.trackReason.toStdString()}}},
+        {"kind", kindCode(written.kind)},
+        {"ffmpegFormat", written.format.toStdString()},
+        {"encoding", written.encoding.toStdString()},
+        {"encodingForced", written.encodingForced},
+        {"formatCode", library.formatCode},
+        {"format", formatName(library.formatCode).toStdString()},
+        {"wide", library.wide},
+        {"opened", library.opened},
+        {"captions", written.blocks.size()},
+        {"refusedEvents", written.refusedEvents},
+        {"asWritten", report.findings.empty()},
+        {"findings", items},
+        {"notes", notes},
+        {"written", blocks}};
     out(QString::fromStdString(doc.dump(2)) + QLatin1Char('\n'));
 }
 

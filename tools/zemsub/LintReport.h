@@ -17,6 +17,8 @@ struct LintReport
     const WrittenFile* written = nullptr;
     const LibrarySide* library = nullptr;
     std::vector<Finding> findings;
+    int track = -1;      // the subtitle track read
+    QString trackReason; // why that one
 };
 
 // Writes the report to stdout as JSON or as text.

@@ -1,0 +1,146 @@
+// zemsubfix on Matroska and MP4 files made by ffmpeg: the tracks it lists, the one it takes.
+#include "FixSupport.h"
+#include "support/TrackFiles.h"
+
+#include <QFile>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+class FixTracks : public ::testing::Test
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        dir = std::make_unique<TempDir>();
+        files = makeTrackFiles(*dir);
+    }
+    static void TearDownTestSuite() { dir.reset(); }
+    void SetUp() override { ASSERT_TRUE(files.error.isEmpty()) << files.error.toStdString(); }
+
+    static QString path(const std::string& file) { return QString::fromStdString(file); }
+
+    static std::unique_ptr<TempDir> dir;
+    static TrackFiles files;
+};
+
+std::unique_ptr<TempDir> FixTracks::dir;
+TrackFiles FixTracks::files;
+
+TEST_F(FixTracks, ListTracksGivesEachTrackInFileOrder)
+{
+    QString error = QStringLiteral("unset");
+    const std::vector<zemsubfix::TrackInfo> tracks = zemsubfix::listTracks(path(files.mkv), &error);
+    EXPECT_TRUE(error.isEmpty()) << error.toStdString();
+    ASSERT_EQ(tracks.size(), 3u);
+    EXPECT_EQ(tracks[0].track, 0);
+    EXPECT_EQ(tracks[0].codec, QStringLiteral("subrip"));
+    EXPECT_FALSE(tracks[0].picture);
+    EXPECT_EQ(tracks[0].language, QStringLiteral("eng"));
+    EXPECT_FALSE(tracks[0].isDefault);
+    EXPECT_EQ(tracks[0].captions, 3);
+    EXPECT_EQ(tracks[0].first, 500);
+    EXPECT_EQ(tracks[0].last, 4750);
+    EXPECT_EQ(tracks[1].language, QStringLiteral("fre"));
+    EXPECT_EQ(tracks[1].title, QString::fromUtf8("Fran\xc3\xa7"
+                                                 "ais"));
+    EXPECT_TRUE(tracks[1].isDefault);
+    EXPECT_FALSE(tracks[1].forced);
+    EXPECT_EQ(tracks[1].first, 1000);
+    EXPECT_EQ(tracks[1].last, 6789);
+    EXPECT_TRUE(tracks[2].language.isEmpty());
+    EXPECT_EQ(tracks[2].captions, 1);
+}
+
+TEST_F(FixTracks, ListTracksSaysWhyWhenThereAreNone)
+{
+    QString error;
+    EXPECT_TRUE(zemsubfix::listTracks(path(files.audio), &error).empty());
+    EXPECT_TRUE(error.contains(QStringLiteral("no subtitle track"))) << error.toStdString();
+    EXPECT_TRUE(zemsubfix::listTracks(path(dir->file("absent.mkv")), &error).empty());
+    EXPECT_TRUE(error.startsWith(QStringLiteral("cannot open"))) << error.toStdString();
+    EXPECT_TRUE(zemsubfix::listTracks(path(files.audio), nullptr).empty());
+}
+
+TEST_F(FixTracks, ThePlayersChoiceIsTheDefaultTrackReadAsUtf8)
+{
+    const zemsubfix::FixReport report =
+        zemsubfix::fixFile(path(files.mkv), path(dir->file("player.srt")), zemsubfix::FixOptions{});
+    ASSERT_TRUE(report.readable) << report.error.toStdString();
+    EXPECT_EQ(report.track, 1);
+    EXPECT_EQ(report.trackReason, QStringLiteral("default"));
+    EXPECT_EQ(report.encoding, QStringLiteral("UTF-8"));
+    ASSERT_EQ(report.captions.size(), 2u);
+    EXPECT_EQ(report.captions[0].text.toUtf8().toStdString(), kFrenchFirst);
+    EXPECT_EQ(report.captions[1].text.toUtf8().toStdString(), kFrenchSecond);
+    EXPECT_EQ(report.captions[0].start, 1000);
+    EXPECT_EQ(report.captions[0].end, 2500);
+    EXPECT_EQ(report.captions[1].start, 5123);
+    EXPECT_EQ(report.captions[1].end, 6789);
+    EXPECT_TRUE(report.copy.contains(QByteArray(kFrenchFirst) + '\n'));
+    EXPECT_TRUE(report.copy.contains(QByteArray(kFrenchSecond) + '\n'));
+    EXPECT_EQ(report.exitCode(), 0);
+}
+
+TEST_F(FixTracks, AnEncodingGivenDoesNotApplyToMatroskaOrMp4Text)
+{
+    for (const std::string& file : {files.mkv, files.mp4}) {
+        zemsubfix::FixOptions options;
+        options.language = QStringLiteral("fre");
+        options.encoding = QStringLiteral("WINDOWS-1252");
+        const zemsubfix::FixReport report =
+            zemsubfix::fixFile(path(file), path(dir->file("enc.srt")), options);
+        ASSERT_TRUE(report.readable) << report.error.toStdString();
+        EXPECT_EQ(report.track, 1) << file;
+        ASSERT_EQ(report.captions.size(), 2u);
+        EXPECT_EQ(report.captions[0].text.toUtf8().toStdString(), kFrenchFirst) << file;
+        EXPECT_EQ(report.captions[1].text.toUtf8().toStdString(), kFrenchSecond) << file;
+    }
+}
+
+TEST_F(FixTracks, ATrackOrLanguageThatIsNotThereIsUnreadable)
+{
+    zemsubfix::FixOptions options;
+    options.track = 3;
+    zemsubfix::FixReport report = zemsubfix::fixFile(path(files.mkv), path(dir->file("none.srt")), options);
+    EXPECT_FALSE(report.readable);
+    EXPECT_EQ(report.exitCode(), 1);
+    EXPECT_TRUE(report.error.contains(QStringLiteral("no track 3"))) << report.error.toStdString();
+    options.track = -1;
+    options.language = QStringLiteral("spa");
+    report = zemsubfix::fixFile(path(files.mp4), path(dir->file("none.srt")), options);
+    EXPECT_FALSE(report.readable);
+    EXPECT_TRUE(report.error.contains(QStringLiteral("no subtitle track in spa")))
+        << report.error.toStdString();
+}
+
+TEST_F(FixTracks, AScriptTrackKeepsItsHeaderInAnAssCopy)
+{
+    zemsubfix::FixOptions options;
+    options.format = zemsubfix::CopyFormat::Ass;
+    const zemsubfix::FixReport report =
+        zemsubfix::fixFile(path(files.ass), path(dir->file("styled.ass")), options);
+    ASSERT_TRUE(report.readable) << report.error.toStdString();
+    EXPECT_EQ(report.track, 0);
+    EXPECT_TRUE(report.copyOpens);
+    EXPECT_TRUE(report.copy.contains("PlayResY: 480\n")) << report.copy.toStdString();
+    EXPECT_TRUE(report.copy.contains("Style: Sign,DejaVu Sans,40,")) << report.copy.toStdString();
+    ASSERT_EQ(report.captions.size(), 2u);
+    EXPECT_EQ(report.captions[1].text, QString::fromUtf8("C\xc5\x93ur"));
+    EXPECT_EQ(report.captions[1].start, 3000);
+    EXPECT_EQ(report.exitCode(), 0);
+}
+
+TEST_F(FixTracks, APlainFileIsItsOnlyTrack)
+{
+    const zemsubfix::FixReport report =
+        zemsubfix::fixFile(path(dir->file("eng.srt")), path(dir->file("plain.srt")), zemsubfix::FixOptions{});
+    ASSERT_TRUE(report.readable) << report.error.toStdString();
+    EXPECT_EQ(report.track, 0);
+    EXPECT_EQ(report.trackReason, QStringLiteral("first text track"));
+    EXPECT_EQ(report.captions.size(), 3u);
+}
+
+} // namespace

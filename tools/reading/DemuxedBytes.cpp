@@ -1,0 +1,59 @@
+#include "DemuxedBytes.h"
+
+#include "QuietFfmpeg.h"
+
+extern "C" {
+#include <libavformat/avformat.h>
+#include <libavutil/error.h>
+}
+
+namespace zemsub::tool {
+
+QString ffmpegError(int code)
+{
+    char text[AV_ERROR_MAX_STRING_SIZE] = {};
+    av_strerror(code, text, sizeof text);
+    return QString::fromUtf8(text);
+}
+
+DemuxedBytes::DemuxedBytes(const QByteArray& bytes, const QString& fileName) : m_input(bytes)
+{
+    quietFfmpeg();
+    AVFormatContext* raw = avformat_alloc_context();
+    if (!raw || !m_input.context()) {
+        avformat_free_context(raw);
+        m_failure = ffmpegError(AVERROR(ENOMEM));
+        return;
+    }
+    raw->pb = m_input.context();
+    raw->flags |= AVFMT_FLAG_CUSTOM_IO;
+    const QByteArray url = fileName.toUtf8();
+    const int code = avformat_open_input(&raw, url.constData(), nullptr, nullptr);
+    if (code < 0) {
+        m_failure = QStringLiteral("FFmpeg cannot read it: %1").arg(ffmpegError(code));
+        return; // avformat_open_input freed the context
+    }
+    m_format = raw;
+    // Formats without a header (MPEG-PS, ...) make their streams as packets come.
+    if (m_format->nb_streams == 0)
+        avformat_find_stream_info(m_format, nullptr);
+}
+
+DemuxedBytes::~DemuxedBytes()
+{
+    if (m_format)
+        avformat_close_input(&m_format);
+}
+
+QString DemuxedBytes::formatName() const
+{
+    return m_format ? QString::fromUtf8(m_format->iformat->name) : QString();
+}
+
+QString DemuxedBytes::formatTitle() const
+{
+    return m_format && m_format->iformat->long_name ? QString::fromUtf8(m_format->iformat->long_name)
+                                                    : QString();
+}
+
+} // namespace zemsub::tool

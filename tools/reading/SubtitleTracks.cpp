@@ -1,0 +1,168 @@
+#include "SubtitleTracks.h"
+
+#include "DemuxedBytes.h"
+#include "EncodingDetection.h"
+
+extern "C" {
+#include <libavcodec/avcodec.h>
+#include <libavformat/avformat.h>
+#include <libavutil/dict.h>
+#include <libavutil/mathematics.h>
+}
+
+#include <algorithm>
+#include <memory>
+
+namespace zemsub::tool {
+
+namespace {
+
+struct CodecCloser
+{
+    void operator()(AVCodecContext* context) const { avcodec_free_context(&context); }
+};
+
+struct PacketFreer
+{
+    void operator()(AVPacket* packet) const { av_packet_free(&packet); }
+};
+
+using Decoder = std::unique_ptr<AVCodecContext, CodecCloser>;
+
+QString tag(const AVStream* stream, const char* key)
+{
+    const AVDictionaryEntry* entry = av_dict_get(stream->metadata, key, nullptr, 0);
+    return entry && entry->value ? QString::fromUtf8(entry->value) : QString();
+}
+
+long long toMilliseconds(long long value, AVRational timeBase)
+{
+    return av_rescale_q(value, timeBase, AVRational{1, 1000});
+}
+
+// A decoder for the stream, opened; null when FFmpeg has none or cannot open it.
+Decoder openDecoder(const AVStream* stream, const QString& encoding)
+{
+    const AVCodec* codec = avcodec_find_decoder(stream->codecpar->codec_id);
+    if (!codec)
+        return nullptr;
+    Decoder context(avcodec_alloc_context3(codec));
+    if (!context || avcodec_parameters_to_context(context.get(), stream->codecpar) < 0)
+        return nullptr;
+    context->pkt_timebase = stream->time_base;
+    AVDictionary* options = nullptr;
+    if (!encoding.isEmpty())
+        av_dict_set(&options, "sub_charenc", encoding.toLatin1().constData(), 0);
+    const int code = avcodec_open2(context.get(), codec, &options);
+    av_dict_free(&options);
+    return code < 0 ? nullptr : std::move(context);
+}
+
+// Whether a decoded subtitle shows anything: a picture, or text.
+bool showsSomething(const AVSubtitle& subtitle)
+{
+    for (unsigned i = 0; i < subtitle.num_rects; ++i) {
+        const AVSubtitleRect* rect = subtitle.rects[i];
+        if (!rect)
+            continue;
+        if (rect->type == SUBTITLE_BITMAP && rect->w > 0 && rect->h > 0)
+            return true;
+        if ((rect->type == SUBTITLE_ASS && rect->ass && *rect->ass) ||
+            (rect->type == SUBTITLE_TEXT && rect->text && *rect->text))
+            return true;
+    }
+    return false;
+}
+
+void count(SubtitleTrack& track, long long start, long long end)
+{
+    ++track.captions;
+    track.first = track.first < 0 ? start : std::min(track.first, start);
+    track.last = std::max(track.last, std::max(start, end));
+}
+
+} // namespace
+
+bool storesUtf8Text(const QString& format)
+{
+    return format == QLatin1String("matroska,webm") || format == QLatin1String("mov,mp4,m4a,3gp,3g2,mj2");
+}
+
+TrackList listSubtitleTracks(const QByteArray& bytes, const QString& fileName)
+{
+    TrackList list;
+    const DemuxedBytes input(bytes, fileName);
+    AVFormatContext* const format = input.format();
+    if (!format) {
+        list.failure = input.failure();
+        return list;
+    }
+    list.format = input.formatName();
+    list.formatTitle = input.formatTitle();
+    list.utf8Text = storesUtf8Text(list.format);
+    // A plain subtitle file's text is read in its detected encoding, as its reading does.
+    const QString encoding = list.utf8Text ? QString() : detectEncoding(bytes).decoderEncoding();
+
+    std::vector<int> trackOfStream(format->nb_streams, -1);
+    std::vector<Decoder> decoders;
+    for (unsigned i = 0; i < format->nb_streams; ++i) {
+        AVStream* stream = format->streams[i];
+        if (stream->codecpar->codec_type != AVMEDIA_TYPE_SUBTITLE) {
+            // Video and audio packets are skipped by the demuxer, not handed over.
+            stream->discard = AVDISCARD_ALL;
+            continue;
+        }
+        SubtitleTrack track;
+        track.index = int(list.tracks.size());
+        track.stream = int(i);
+        track.codec = QString::fromUtf8(avcodec_get_name(stream->codecpar->codec_id));
+        const AVCodecDescriptor* descriptor = avcodec_descriptor_get(stream->codecpar->codec_id);
+        track.pictures = descriptor && (descriptor->props & AV_CODEC_PROP_BITMAP_SUB);
+        track.language = tag(stream, "language");
+        if (track.language == QLatin1String("und"))
+            track.language.clear();
+        track.title = tag(stream, "title");
+        track.isDefault = stream->disposition & AV_DISPOSITION_DEFAULT;
+        track.forced = stream->disposition & AV_DISPOSITION_FORCED;
+        trackOfStream[i] = track.index;
+        list.tracks.push_back(track);
+        decoders.push_back(openDecoder(stream, track.pictures ? QString() : encoding));
+    }
+    list.read = true;
+    if (list.tracks.empty())
+        return list;
+
+    const std::unique_ptr<AVPacket, PacketFreer> packet(av_packet_alloc());
+    if (!packet)
+        return list;
+    while (av_read_frame(format, packet.get()) >= 0) {
+        const int index = packet->stream_index >= 0 && unsigned(packet->stream_index) < format->nb_streams
+                              ? trackOfStream[size_t(packet->stream_index)]
+                              : -1;
+        if (index >= 0) {
+            SubtitleTrack& track = list.tracks[size_t(index)];
+            const AVRational timeBase = format->streams[packet->stream_index]->time_base;
+            const long long pts = packet->pts != AV_NOPTS_VALUE ? packet->pts : 0;
+            const long long start = toMilliseconds(pts, timeBase);
+            const long long end =
+                packet->duration > 0 ? toMilliseconds(pts + packet->duration, timeBase) : start;
+            AVCodecContext* decoder = decoders[size_t(index)].get();
+            if (!decoder) {
+                if (packet->size > 0)
+                    count(track, start, end);
+            } else {
+                AVSubtitle subtitle{};
+                int got = 0;
+                if (avcodec_decode_subtitle2(decoder, &subtitle, &got, packet.get()) >= 0 && got &&
+                    showsSomething(subtitle))
+                    count(track, start, end);
+                if (got)
+                    avsubtitle_free(&subtitle);
+            }
+        }
+        av_packet_unref(packet.get());
+    }
+    return list;
+}
+
+} // namespace zemsub::tool

@@ -1,0 +1,32 @@
+#ifndef ZEMSUB_TOOL_TRACKOPTIONS_H
+#define ZEMSUB_TOOL_TRACKOPTIONS_H
+
+#include "CommandLine.h"
+
+#include <QString>
+
+namespace zemsub::tool {
+
+// --track N and --language CODE, the options that name a subtitle track.
+class TrackOptions
+{
+public:
+    explicit TrackOptions(SubcommandLine& line);
+
+    // After parsing: the track asked for (-1 when none) and the language (empty
+    // when none). A track that is not a number, or both given, is a usage error.
+    int track() const;
+    QString language() const;
+
+private:
+    SubcommandLine& m_line;
+    QCommandLineOption m_track;
+    QCommandLineOption m_language;
+};
+
+// Says on stderr which track was taken and why: "using track 1 (fre, default): subrip".
+void announceTrack(const QString& summary);
+
+} // namespace zemsub::tool
+
+#endif
