@@ -10,6 +10,7 @@
 #include "Stretch.h"
 #include "SubRipWriter.h"
 #include "manager/detail/FormatCodes.h"
+#include "reading/FileBytes.h"
 #include "reading/SubtitleTracks.h"
 
 #include <QFile>
@@ -131,8 +132,8 @@ FixReport fixBuffer(const QByteArray& bytes, const QString& fileName, const FixO
 
     const std::vector<SourceCaption> held = heldCaptions(source.captions, options.format);
     const std::vector<Stretch> stretches = buildStretches(held);
-    const CopyText copy =
-        options.format == CopyFormat::SubRip ? writeSubRip(stretches) : writeScript(stretches, source.scriptHeader);
+    const CopyText copy = options.format == CopyFormat::SubRip ? writeSubRip(stretches)
+                                                               : writeScript(stretches, source.scriptHeader);
     report.copy = copy.text.toLocal8Bit();
     report.copyLines = copy.lines;
 
@@ -177,14 +178,15 @@ std::vector<TrackInfo> listTracks(const QString& path, QString* error)
             *error = why;
         return std::vector<TrackInfo>();
     };
-    QFile input(path);
-    if (!input.open(QIODevice::ReadOnly))
-        return fail(QStringLiteral("cannot open: %1").arg(input.errorString()));
-    const zemsub::tool::TrackList list = zemsub::tool::listSubtitleTracks(input.readAll(), path);
+    const zemsub::tool::FileBytes input(path);
+    if (!input.opened())
+        return fail(input.error());
+    const zemsub::tool::TrackList list = zemsub::tool::listSubtitleTracks(input.bytes(), path);
     if (!list.read)
         return fail(list.failure);
     if (list.tracks.empty())
-        return fail(QStringLiteral("FFmpeg finds no subtitle track in it (read as %1)").arg(list.formatTitle));
+        return fail(
+            QStringLiteral("FFmpeg finds no subtitle track in it (read as %1)").arg(list.formatTitle));
     std::vector<TrackInfo> tracks;
     for (const zemsub::tool::SubtitleTrack& track : list.tracks) {
         TrackInfo info;
@@ -207,16 +209,16 @@ std::vector<TrackInfo> listTracks(const QString& path, QString* error)
 
 FixReport fixFile(const QString& inputPath, const QString& outputPath, const FixOptions& options)
 {
-    QFile input(inputPath);
-    if (!input.open(QIODevice::ReadOnly)) {
-        FixReport report;
-        report.format = options.format;
-        report.error = QStringLiteral("cannot open: %1").arg(input.errorString());
-        return report;
-    }
-    const QByteArray bytes = input.readAll();
-    input.close();
-    FixReport report = fixBuffer(bytes, inputPath, options);
+    FixReport report;
+    {
+        const zemsub::tool::FileBytes input(inputPath);
+        if (!input.opened()) {
+            report.format = options.format;
+            report.error = input.error();
+            return report;
+        }
+        report = fixBuffer(input.bytes(), inputPath, options);
+    } // the input is let go before the copy may replace it
     if (!report.readable || !report.error.isEmpty())
         return report;
     QSaveFile output(outputPath);

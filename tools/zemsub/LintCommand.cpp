@@ -8,10 +8,9 @@
 #include "LintProbe.h"
 #include "LintReport.h"
 #include "TrackOptions.h"
+#include "reading/FileBytes.h"
 #include "reading/ReadWrittenFile.h"
 #include "reading/TrackChoice.h"
-
-#include <QFile>
 
 #include <clocale>
 
@@ -23,10 +22,10 @@ namespace {
 WrittenFile readWrittenSide(const QString& path, const QString& encoding, int track, const QString& language,
                             TrackChoice& choice)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        fileError(path, QStringLiteral("cannot open: %1").arg(file.errorString()));
-    const QByteArray bytes = file.readAll();
+    const FileBytes file(path);
+    if (!file.opened())
+        fileError(path, file.error());
+    const QByteArray& bytes = file.bytes();
     const TrackList tracks = listSubtitleTracks(bytes, path);
     if (!tracks.read)
         fileError(path, QStringLiteral("cannot lint: %1").arg(tracks.failure));

@@ -3,9 +3,9 @@
 
 #include "CommandLine.h"
 #include "TimeParser.h"
+#include "reading/FileBytes.h"
 #include "reading/SubtitleTracks.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <nlohmann/json.hpp>
 
@@ -83,10 +83,10 @@ int runTracks(const QStringList& args)
         fileError(path, QStringLiteral("no such file"));
     if (QFileInfo(path).isDir())
         fileError(path, QStringLiteral("is a directory"));
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        fileError(path, QStringLiteral("cannot open: %1").arg(file.errorString()));
-    const TrackList list = listSubtitleTracks(file.readAll(), path);
+    const FileBytes file(path);
+    if (!file.opened())
+        fileError(path, file.error());
+    const TrackList list = listSubtitleTracks(file.bytes(), path);
     if (!list.read)
         fileError(path, list.failure);
     if (list.tracks.empty())
