@@ -47,7 +47,8 @@ python3 "$root/tools/make-quirk-set.py" "$generated/quirks" > /dev/null ||
 
 # Copies the files that suit a target into dir (the manager's inputs start
 # with the byte that picks the file name: 0x00 ".srt", 0x33 ".ass", 0x44 ".ssa"; lint_reading's
-# and fix's with 0x00 ".srt", 0x01 ".ass", 0x02 ".ssa", no encoding forced, a SubRip copy).
+# and fix's with 0x00 ".srt", 0x01 ".ass", 0x02 ".ssa", no encoding forced, a SubRip copy;
+# tracks' with 0x00 ".mkv", 0x02 ".srt", the player's choice).
 sample_seeds() {
   local t=$1 dir=$2 f name
   mkdir -p "$dir"
@@ -63,6 +64,8 @@ sample_seeds() {
       lint_reading:*.srt|fix:*.srt) { printf '\x00'; cat "$f"; } > "$dir/$name" ;;
       lint_reading:*.ass|fix:*.ass) { printf '\x01'; cat "$f"; } > "$dir/$name" ;;
       lint_reading:*.ssa|fix:*.ssa) { printf '\x02'; cat "$f"; } > "$dir/$name" ;;
+      tracks:*.mkv) { printf '\x00'; cat "$f"; } > "$dir/$name" ;;
+      tracks:*.srt) { printf '\x02'; cat "$f"; } > "$dir/$name" ;;
     esac
   done
 }

@@ -74,6 +74,15 @@ z at samples/vobsub.idx 1000 4000 7500
 z render samples/vobsub.idx 7500 -o "out/vobsub-7.5s.png"
 z sheet samples/vobsub.idx --columns 3 -o "out/vobsub-sheet.png"
 
+section "Tracks inside a video file: listed, one taken as a player takes it, copied for the library"
+# samples/tracks.mkv is made by tools/make-sample-video.sh.
+z tracks samples/tracks.mkv
+mkdir -p out/tracks
+z fix samples/tracks.mkv -o out/tracks/default.srt
+z fix samples/tracks.mkv --language eng -o out/tracks/eng.srt
+z at out/tracks/default.srt 4500 23000
+z fix samples/tracks.mkv --track 2 -o out/tracks/pictures.srt
+
 if [[ -x $host ]]; then
   section "The example host: three seconds of play over a synthetic video"
   printf '$ zemsub-host --seconds 3 --capture-at 1500 ...\n'
