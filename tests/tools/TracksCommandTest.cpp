@@ -124,6 +124,23 @@ TEST_F(TracksCommand, APlainSubtitleFileIsOneTrack)
     EXPECT_TRUE(text.out.contains(QStringLiteral("0: subrip (text)"))) << text.out.toStdString();
 }
 
+TEST_F(TracksCommand, ACaptionBeforeZeroIsCountedWithItsTime)
+{
+    // FFmpeg reads negative hours: the first caption starts an hour before 0.
+    const std::string path = dir->write("early.srt", "1\n-1:00:00,000 --> 00:00:02,000\nEarly\n\n"
+                                                     "2\n00:00:03,000 --> 00:00:04,000\nLater\n\n");
+    const RunResult result = runZemsub({QStringLiteral("tracks"), qs(path), QStringLiteral("--json")});
+    ASSERT_EQ(result.exitCode, 0) << result.err.toStdString();
+    const nlohmann::json doc = json(result);
+    ASSERT_EQ(doc["tracks"].size(), 1u);
+    EXPECT_EQ(doc["tracks"][0]["captions"], 2);
+    EXPECT_EQ(doc["tracks"][0]["first"], -3600000);
+    EXPECT_EQ(doc["tracks"][0]["last"], 4000);
+    const RunResult text = runZemsub({QStringLiteral("tracks"), qs(path)});
+    EXPECT_TRUE(text.out.contains(QStringLiteral("2 captions, -01:00:00,000 --> 00:00:04,000")))
+        << text.out.toStdString();
+}
+
 TEST_F(TracksCommand, NoSubtitleTrackOrAnUnreadableFileIsExitOneNamingTheFile)
 {
     const RunResult audio = runZemsub({QStringLiteral("tracks"), qs(files.audio)});

@@ -54,7 +54,7 @@ struct TrackInfo
     bool isDefault = false;
     bool forced = false;
     int captions = 0;
-    long long first = -1; // milliseconds: start of the earliest caption; -1 when none
+    long long first = -1; // milliseconds: start of the earliest caption (may be below 0); -1 when none
     long long last = -1;  // milliseconds: end of the latest caption; -1 when none
 };
 

@@ -76,9 +76,11 @@ bool showsSomething(const AVSubtitle& subtitle)
 
 void count(SubtitleTrack& track, long long start, long long end)
 {
-    ++track.captions;
-    track.first = track.first < 0 ? start : std::min(track.first, start);
-    track.last = std::max(track.last, std::max(start, end));
+    // A caption may start before 0 (FFmpeg reads negative hours): the count says whether first and last are
+    // set.
+    const bool firstOne = track.captions++ == 0;
+    track.first = firstOne ? start : std::min(track.first, start);
+    track.last = firstOne ? std::max(start, end) : std::max(track.last, std::max(start, end));
 }
 
 } // namespace

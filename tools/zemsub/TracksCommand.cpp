@@ -13,9 +13,10 @@ namespace zemsub::tool {
 
 namespace {
 
-nlohmann::ordered_json timeJson(long long ms)
+// null for a track without captions.
+nlohmann::ordered_json timeJson(const SubtitleTrack& track, long long ms)
 {
-    return ms < 0 ? nlohmann::ordered_json(nullptr) : nlohmann::ordered_json(ms);
+    return track.captions == 0 ? nlohmann::ordered_json(nullptr) : nlohmann::ordered_json(ms);
 }
 
 void printJson(const QString& path, const TrackList& list)
@@ -30,8 +31,8 @@ void printJson(const QString& path, const TrackList& list)
                           {"default", track.isDefault},
                           {"forced", track.forced},
                           {"captions", track.captions},
-                          {"first", timeJson(track.first)},
-                          {"last", timeJson(track.last)}});
+                          {"first", timeJson(track, track.first)},
+                          {"last", timeJson(track, track.last)}});
     }
     const nlohmann::ordered_json doc = {{"file", path.toStdString()}, {"tracks", tracks}};
     out(QString::fromStdString(doc.dump(2)) + QLatin1Char('\n'));
@@ -57,7 +58,7 @@ void printText(const QString& path, const TrackList& list)
         if (!track.title.isEmpty())
             line += QStringLiteral(", \"%1\"").arg(track.title);
         line += QStringLiteral(", %1 caption%2").arg(track.captions).arg(track.captions == 1 ? "" : "s");
-        if (track.first >= 0)
+        if (track.captions > 0)
             line += QStringLiteral(", %1 --> %2").arg(formatTime(track.first), formatTime(track.last));
         out(line + QLatin1Char('\n'));
     }
