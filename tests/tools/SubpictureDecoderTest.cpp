@@ -1,10 +1,10 @@
 // VobSub subpictures: the packets the index reader cuts, decoded by FFmpeg in the index's colours.
 #ifndef ZEMSUB_TOOLS_ABSENT
-#    include "zemsub/IndexPictures.h"
 #    include "SamplePictures.h"
-#    include "zemsub/SubpictureDecoder.h"
 #    include "ToolRunner.h"
 #    include "support/TestFiles.h"
+#    include "zemsub/pictures/IndexPictures.h"
+#    include "zemsub/pictures/SubpictureDecoder.h"
 
 #    include <QDir>
 #    include <QFile>

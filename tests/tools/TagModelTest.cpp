@@ -1,7 +1,7 @@
 // How lint works out what the script reader's tag removal leaves, to name the cause.
 #ifndef ZEMSUB_TOOLS_ABSENT
 #    include "ToolRunner.h"
-#    include "zemsub/TagModel.h"
+#    include "zemsub/lint/TagModel.h"
 
 #    include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // The time parser behind "zemsub at", "render" and "sheet --every".
 #ifndef ZEMSUB_TOOLS_ABSENT
-#    include "zemsub/TimeParser.h"
+#    include "zemsub/commands/TimeParser.h"
 
 #    include <gtest/gtest.h>
 

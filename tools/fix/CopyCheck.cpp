@@ -1,8 +1,8 @@
 #include "CopyCheck.h"
 
-#include "CaptionImageModel.h"
 #include "CaptionLines.h"
 #include "manager/xcSubtitleManager.h"
+#include "zemsub/lint/CaptionImageModel.h"
 
 #include <QFile>
 

@@ -1,8 +1,8 @@
 #ifndef ZEMSUBFIX_FIXREASONS_H
 #define ZEMSUBFIX_FIXREASONS_H
 
-#include "LintCauses.h"
 #include "ZemsubFix.h"
+#include "zemsub/lint/LintCauses.h"
 
 namespace zemsubfix {
 

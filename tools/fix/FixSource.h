@@ -1,7 +1,7 @@
 #ifndef ZEMSUBFIX_FIXSOURCE_H
 #define ZEMSUBFIX_FIXSOURCE_H
 
-#include "LintCauses.h"
+#include "zemsub/lint/LintCauses.h"
 
 #include <QByteArray>
 #include <QString>

@@ -13,7 +13,7 @@ set(ZEMSUBFIX_SOURCES
   ${ZEMSUBFIX_DIR}/SubRipWriter.cpp
   ${ZEMSUBFIX_DIR}/ZemsubFix.cpp
   # lint's words for the causes, and the readers' line limits they quote.
-  ${ZEMSUBFIX_DIR}/../zemsub/LintCauseTexts.cpp
-  ${ZEMSUBFIX_DIR}/../zemsub/ReaderLimits.cpp)
-set(ZEMSUBFIX_INCLUDE_DIRS ${ZEMSUBFIX_DIR} ${ZEMSUBFIX_DIR}/../zemsub ${ZEMSUBFIX_DIR}/..)
+  ${ZEMSUBFIX_DIR}/../zemsub/lint/LintCauseTexts.cpp
+  ${ZEMSUBFIX_DIR}/../zemsub/lint/ReaderLimits.cpp)
+set(ZEMSUBFIX_INCLUDE_DIRS ${ZEMSUBFIX_DIR} ${ZEMSUBFIX_DIR}/..)
 # The original is read by the tool's reading (zemsub_reading), linked beside.

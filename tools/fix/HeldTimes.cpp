@@ -1,6 +1,6 @@
 #include "HeldTimes.h"
 
-#include "ReaderLimits.h"
+#include "zemsub/lint/ReaderLimits.h"
 
 #include <algorithm>
 

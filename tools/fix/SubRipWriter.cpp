@@ -1,8 +1,8 @@
 #include "SubRipWriter.h"
 
 #include "CaptionLines.h"
-#include "ReaderLimits.h"
 #include "manager/detail/FormatCodes.h"
+#include "zemsub/lint/ReaderLimits.h"
 
 namespace zemsubfix {
 

@@ -5,13 +5,13 @@
 #include "FixReasons.h"
 #include "FixSource.h"
 #include "HeldTimes.h"
-#include "ReaderLimits.h"
 #include "ScriptWriter.h"
 #include "Stretch.h"
 #include "SubRipWriter.h"
 #include "manager/detail/FormatCodes.h"
 #include "reading/FileBytes.h"
 #include "reading/SubtitleTracks.h"
+#include "zemsub/lint/ReaderLimits.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 // zemsub: shows what libzemsubtitle, and so a player built on it, shows for a subtitle file.
-#include "CommandLine.h"
-#include "Commands.h"
+#include "zemsub/commands/CommandLine.h"
+#include "zemsub/commands/Commands.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>

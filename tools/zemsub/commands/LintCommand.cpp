@@ -2,15 +2,15 @@
 #include "Commands.h"
 
 #include "CommandLine.h"
-#include "LibraryView.h"
-#include "LintCauses.h"
-#include "LintFindings.h"
-#include "LintProbe.h"
-#include "LintReport.h"
 #include "TrackOptions.h"
 #include "reading/FileBytes.h"
 #include "reading/ReadWrittenFile.h"
 #include "reading/TrackChoice.h"
+#include "zemsub/frames/LibraryView.h"
+#include "zemsub/lint/LintCauses.h"
+#include "zemsub/lint/LintFindings.h"
+#include "zemsub/lint/LintProbe.h"
+#include "zemsub/lint/LintReport.h"
 
 #include <clocale>
 

@@ -1,7 +1,7 @@
 #include "LintProbe.h"
 
 #include "CaptionImageModel.h"
-#include "TextForm.h"
+#include "zemsub/frames/TextForm.h"
 
 #include <algorithm>
 

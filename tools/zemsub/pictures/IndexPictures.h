@@ -1,9 +1,9 @@
 #ifndef ZEMSUB_TOOL_INDEXPICTURES_H
 #define ZEMSUB_TOOL_INDEXPICTURES_H
 
-#include "LibraryView.h"
 #include "SubPathArrangement.h"
 #include "SubpictureDecoder.h"
+#include "zemsub/frames/LibraryView.h"
 
 #include <QSize>
 #include <QString>

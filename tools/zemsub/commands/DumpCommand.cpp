@@ -2,9 +2,9 @@
 #include "Commands.h"
 
 #include "CommandLine.h"
-#include "LibraryView.h"
-#include "TextForm.h"
 #include "TimeParser.h"
+#include "zemsub/frames/LibraryView.h"
+#include "zemsub/frames/TextForm.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,9 +1,9 @@
 #include "LintReport.h"
 
-#include "CommandLine.h"
-#include "LibraryView.h"
-#include "TextForm.h"
-#include "TimeParser.h"
+#include "zemsub/commands/CommandLine.h"
+#include "zemsub/commands/TimeParser.h"
+#include "zemsub/frames/LibraryView.h"
+#include "zemsub/frames/TextForm.h"
 
 #include <nlohmann/json.hpp>
 

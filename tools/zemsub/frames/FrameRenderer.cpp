@@ -1,6 +1,6 @@
 #include "FrameRenderer.h"
 
-#include "CommandLine.h"
+#include "zemsub/commands/CommandLine.h"
 
 #include "ISubTitle.h"
 

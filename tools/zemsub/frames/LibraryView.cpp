@@ -1,8 +1,8 @@
 #include "LibraryView.h"
 
-#include "CommandLine.h"
-#include "ReaderLimits.h"
 #include "TextForm.h"
+#include "zemsub/commands/CommandLine.h"
+#include "zemsub/lint/ReaderLimits.h"
 
 #include "ISubTitle.h"
 #include "manager/xcSubtitleManager.h"

@@ -1,9 +1,9 @@
 #ifndef ZEMSUB_TOOL_LINTCAUSES_H
 #define ZEMSUB_TOOL_LINTCAUSES_H
 
-#include "LibraryView.h"
 #include "LintProbe.h"
 #include "reading/WrittenFile.h"
+#include "zemsub/frames/LibraryView.h"
 
 #include <QString>
 #include <vector>

@@ -2,8 +2,8 @@
 #include "Commands.h"
 
 #include "CommandLine.h"
-#include "LibraryView.h"
 #include "TimeParser.h"
+#include "zemsub/frames/LibraryView.h"
 
 #include <nlohmann/json.hpp>
 

@@ -2,10 +2,10 @@
 #include "Commands.h"
 
 #include "CommandLine.h"
-#include "TextForm.h"
 #include "TimeParser.h"
 #include "TrackOptions.h"
 #include "ZemsubFix.h"
+#include "zemsub/frames/TextForm.h"
 
 #include <QFileInfo>
 #include <nlohmann/json.hpp>

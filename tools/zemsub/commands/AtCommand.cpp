@@ -2,11 +2,11 @@
 #include "Commands.h"
 
 #include "CommandLine.h"
-#include "IndexPictures.h"
-#include "LibraryView.h"
-#include "SubpictureFrame.h"
-#include "TextForm.h"
 #include "TimeParser.h"
+#include "zemsub/frames/LibraryView.h"
+#include "zemsub/frames/TextForm.h"
+#include "zemsub/pictures/IndexPictures.h"
+#include "zemsub/pictures/SubpictureFrame.h"
 
 namespace zemsub::tool {
 

@@ -2,12 +2,12 @@
 #include "Commands.h"
 
 #include "CommandLine.h"
-#include "FrameRenderer.h"
-#include "IndexPictures.h"
-#include "LibraryView.h"
-#include "SheetPainter.h"
-#include "SubpictureFrame.h"
 #include "TimeParser.h"
+#include "zemsub/frames/FrameRenderer.h"
+#include "zemsub/frames/LibraryView.h"
+#include "zemsub/frames/SheetPainter.h"
+#include "zemsub/pictures/IndexPictures.h"
+#include "zemsub/pictures/SubpictureFrame.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #include "IndexPictures.h"
 
-#include "CommandLine.h"
 #include "CustomColours.h"
-#include "TextForm.h"
+#include "zemsub/commands/CommandLine.h"
+#include "zemsub/frames/TextForm.h"
 
 #include "parsers/xcIdxParser.h"
 

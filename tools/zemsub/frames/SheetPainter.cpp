@@ -1,6 +1,6 @@
 #include "SheetPainter.h"
 
-#include "CommandLine.h"
+#include "zemsub/commands/CommandLine.h"
 
 #include <QFileInfo>
 #include <QFont>
