@@ -12,6 +12,9 @@ Run it from anywhere: python3 tools/make-sample-sub.py
   --pictures DIR  also write each subpicture as it is drawn: DIR/subpicture-N.png
                   (RGBA, the index's colours, transparent where the contrast is 0)
                   and DIR/pictures.txt, one line "START_MS X Y FILE" per subpicture
+  --position X,Y  top left of every subpicture (default 300,400)
+  --size WxH      the index's size: line (default 720x480); "none" leaves the line out
+  --contrast A,B,C,D  alpha of codes 0 to 3, 0 transparent to 15 opaque (default 0,15,15,15)
 """
 
 import argparse
@@ -133,7 +136,7 @@ def nibble_pair(high, low):
     return (high << 4) | low
 
 
-def subpicture(rows, x, y, duration_ms):
+def subpicture(rows, x, y, duration_ms, contrast):
     width, height = len(rows[0]), len(rows)
     top = encode_rows(rows[0::2])
     bottom = encode_rows(rows[1::2])
@@ -143,7 +146,7 @@ def subpicture(rows, x, y, duration_ms):
     commands = bytes([
         # colours, then contrast: emphasis 2, emphasis 1, pattern, background
         0x03, nibble_pair(CODE_COLOURS[3], CODE_COLOURS[2]), nibble_pair(CODE_COLOURS[1], CODE_COLOURS[0]),
-        0x04, nibble_pair(CODE_CONTRAST[3], CODE_CONTRAST[2]), nibble_pair(CODE_CONTRAST[1], CODE_CONTRAST[0]),
+        0x04, nibble_pair(contrast[3], contrast[2]), nibble_pair(contrast[1], contrast[0]),
         0x05, x >> 4, ((x & 0xF) << 4) | (x2 >> 8), x2 & 0xFF, y >> 4, ((y & 0xF) << 4) | (y2 >> 8), y2 & 0xFF,
         0x06,
     ]) + struct.pack(">HH", 4, 4 + len(top)) + bytes([0x01, 0xFF])
@@ -188,22 +191,22 @@ def png(rows):
     return b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + chunk(b"IDAT", zlib.compress(raw)) + chunk(b"IEND", b"")
 
 
-def drawn(rows):
+def drawn(rows, contrast):
     """The bitmap's codes as the index colours them."""
     def colour(code):
         rgb = PALETTE[CODE_COLOURS[code]]
-        return ((rgb >> 16) & 0xFF, (rgb >> 8) & 0xFF, rgb & 0xFF, CODE_CONTRAST[code] * 17)
+        return ((rgb >> 16) & 0xFF, (rgb >> 8) & 0xFF, rgb & 0xFF, contrast[code] * 17)
     return [[colour(code) for code in row] for row in rows]
 
 
-def write_pictures(folder):
+def write_pictures(folder, position, contrast):
     os.makedirs(folder, exist_ok=True)
     listing = []
     for number, (start, _, rows) in enumerate(SUBTITLES, 1):
         name = "subpicture-%d.png" % number
         with open(os.path.join(folder, name), "wb") as f:
-            f.write(png(drawn(rows)))
-        listing.append("%d %d %d %s" % (start, POSITION[0], POSITION[1], name))
+            f.write(png(drawn(rows, contrast)))
+        listing.append("%d %d %d %s" % (start, position[0], position[1], name))
     with open(os.path.join(folder, "pictures.txt"), "w", newline="\n") as f:
         f.write("\n".join(listing) + "\n")
 
@@ -212,12 +215,22 @@ def main():
     arguments = argparse.ArgumentParser(description="Writes the sample VobSub pair.")
     arguments.add_argument("--out", default=SAMPLES, help="folder of vobsub.idx and vobsub.sub")
     arguments.add_argument("--pictures", help="folder for the subpictures as drawn")
+    arguments.add_argument("--position", default="%d,%d" % POSITION, help="top left of every subpicture, X,Y")
+    arguments.add_argument("--size", default="720x480", help='the size: line, WxH, or "none"')
+    arguments.add_argument("--contrast", default=",".join(map(str, CODE_CONTRAST)),
+                           help="alpha of codes 0 to 3, A,B,C,D (0 to 15)")
     options = arguments.parse_args()
+    position = tuple(int(value) for value in options.position.split(","))
+    contrast = [int(value) for value in options.contrast.split(",")]
+    if len(position) != 2 or not all(0 <= value < 4096 for value in position):
+        arguments.error("--position wants X,Y from 0 to 4095")
+    if len(contrast) != 4 or not all(0 <= value <= 15 for value in contrast):
+        arguments.error("--contrast wants four values from 0 to 15")
     stream = b""
     index_lines = [
         "# VobSub index file, v7 (do not modify this line!)",
         "# Written for libzemsubtitle's samples by tools/make-sample-sub.py.",
-        "size: 720x480",
+        "size: " + options.size,
         "org: 0, 0",
         "scale: 100%, 100%",
         "alpha: 100%",
@@ -234,17 +247,19 @@ def main():
         "id: en, index: 0",
     ]
     for start, duration, rows in SUBTITLES:
-        unit = subpicture(rows, POSITION[0], POSITION[1], duration)
+        unit = subpicture(rows, position[0], position[1], duration, contrast)
         index_lines.append("timestamp: %s, filepos: %09x" % (timestamp(start), len(stream)))
         for sector in sectors_for(unit, start * 90):
             stream += sector
+    if options.size == "none":
+        index_lines.remove("size: none")
     os.makedirs(options.out, exist_ok=True)
     with open(os.path.join(options.out, "vobsub.sub"), "wb") as f:
         f.write(stream)
     with open(os.path.join(options.out, "vobsub.idx"), "w", newline="\n") as f:
         f.write("\n".join(index_lines) + "\n")
     if options.pictures:
-        write_pictures(options.pictures)
+        write_pictures(options.pictures, position, contrast)
 
 
 if __name__ == "__main__":

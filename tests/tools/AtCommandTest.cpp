@@ -1,5 +1,6 @@
 // zemsub at: the caption text the library answers at each time.
 #ifndef ZEMSUB_TOOLS_ABSENT
+#    include "SamplePictures.h"
 #    include "ToolRunner.h"
 #    include "support/TestFiles.h"
 
@@ -117,6 +118,24 @@ TEST(ZemsubAt, IndexReportsTheDecodedPicturesSizeAndPosition)
                   "00:00:04,200\tfilepos 0x800\tpacket of 242 bytes, control at 212\tpicture x=300 y=400 width=120 height=24",
                   "00:00:07,001\tfilepos 0x1000\tpacket of 3606 bytes, control at 3576\tpicture x=300 y=400 width=200 height=40",
                   "00:00:20,000\tfilepos 0x0\tpacket of 122 bytes, control at 92\tpicture x=300 y=400 width=96 height=24"}));
+}
+
+TEST(ZemsubAt, IndexWithoutASizeLineReportsTheFrameItsPicturesReach)
+{
+    const ScriptOutput script = runSampleScript({"--size", "none", "--position", "650,470"});
+    ASSERT_TRUE(script.ran) << script.failure.toStdString();
+    TempDir dir;
+    dir.write("movie.sub", script.sub.toStdString());
+    const QString index = qs(dir.write("movie.idx", script.index.toStdString()));
+    const RunResult result = runZemsub({"at", index, "1000", "7500"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.err, "at: the index has no size: line; its frame is 850x510, as far as its pictures reach "
+                          "(at least 720x480)\n");
+    EXPECT_EQ(answerLines(result),
+              (QStringList{"00:00:01,000\tfilepos 0x0\tpacket of 122 bytes, control at 92\tpicture x=650 y=470 "
+                           "width=96 height=24",
+                           "00:00:07,500\tfilepos 0x1000\tpacket of 3606 bytes, control at 3576\tpicture x=650 "
+                           "y=470 width=200 height=40"}));
 }
 
 // The packet sizes written at each timestamp's position in the sample .sub.

@@ -209,6 +209,112 @@ TEST(ZemsubRender, IndexSubpicturesLieOnTheFrameAsTheScriptDrewThem)
     }
 }
 
+// The script's pair written as movie.idx and movie.sub into a folder of dir; the index's path.
+QString writePair(const TempDir& dir, const ScriptOutput& script, const std::string& folder)
+{
+    QDir(qs(dir.path())).mkpath(qs(folder));
+    dir.write(folder + "/movie.sub", script.sub.toStdString());
+    return qs(dir.write(folder + "/movie.idx", script.index.toStdString()));
+}
+
+TEST(ZemsubRender, IndexWithoutASizeLineTakesTheFrameItsPicturesReach)
+{
+    // Pictures placed for a 1080-line frame; without a size: line, a 720x480 frame would lose them.
+    const ScriptOutput script = runSampleScript({"--size", "none", "--position", "1500,900"});
+    ASSERT_TRUE(script.ran) << script.failure.toStdString();
+    ASSERT_FALSE(script.index.contains("size:"));
+    TempDir dir;
+    const QString index = writePair(dir, script, "wide");
+    // The largest picture, 200x40 at 1500,900, reaches 1700,940.
+    for (const DrawnPicture& drawn : script.pictures) {
+        SCOPED_TRACE(drawn.start);
+        const Rendered r = render(index, QString::number(drawn.start), {"--background", "#204060"});
+        EXPECT_EQ(r.run.exitCode, 0);
+        EXPECT_EQ(r.run.err, "render: the index has no size: line; its frame is 1700x940, as far as its "
+                             "pictures reach (at least 720x480)\n");
+        const QRect box(drawn.position, drawn.image.size());
+        EXPECT_TRUE(r.run.out.contains(QString("\tpicture x=%1 y=%2 width=%3 height=%4\twrote ")
+                                           .arg(box.x())
+                                           .arg(box.y())
+                                           .arg(box.width())
+                                           .arg(box.height())))
+            << r.run.out.toStdString();
+        EXPECT_EQ(r.image.size(), QSize(1700, 940));
+        EXPECT_EQ(pixelsUnlike(r.image, kBackground, 0), box);
+    }
+}
+
+TEST(ZemsubRender, IndexWithoutASizeLineKeepsAtLeastTheDvdFrame)
+{
+    const ScriptOutput script = runSampleScript({"--size", "none"});
+    ASSERT_TRUE(script.ran) << script.failure.toStdString();
+    TempDir dir;
+    const Rendered r = render(writePair(dir, script, "small"), "1000", {"--background", "#204060"});
+    EXPECT_EQ(r.run.exitCode, 0);
+    EXPECT_EQ(r.run.err, "render: the index has no size: line; its frame is 720x480, as far as its "
+                         "pictures reach (at least 720x480)\n");
+    EXPECT_EQ(r.image.size(), QSize(720, 480));
+    EXPECT_EQ(pixelsUnlike(r.image, kBackground, 0), QRect(300, 400, 96, 24));
+
+    // Without its .sub there is nothing to measure: the least frame.
+    TempDir alone;
+    const QString lonely = qs(alone.write("movie.idx", script.index.toStdString()));
+    const Rendered missing = render(lonely, "1000", {"--background", "#204060"});
+    EXPECT_EQ(missing.run.exitCode, 0);
+    EXPECT_TRUE(missing.run.err.contains("its frame is 720x480")) << missing.run.err.toStdString();
+    EXPECT_EQ(missing.image.size(), QSize(720, 480));
+}
+
+TEST(ZemsubRender, IndexSizeLineIsTheFrameEvenWhenPicturesReachFurther)
+{
+    const ScriptOutput large = runSampleScript({"--size", "1920x1080", "--position", "1500,900"});
+    ASSERT_TRUE(large.ran) << large.failure.toStdString();
+    TempDir dir;
+    const Rendered r = render(writePair(dir, large, "large"), "1000", {"--background", "#204060"});
+    EXPECT_EQ(r.run.exitCode, 0);
+    EXPECT_TRUE(r.run.err.isEmpty()) << r.run.err.toStdString();
+    EXPECT_TRUE(r.run.out.contains("\tpicture x=1500 y=900 width=96 height=24\twrote ")) << r.run.out.toStdString();
+    EXPECT_EQ(r.image.size(), QSize(1920, 1080));
+    EXPECT_EQ(pixelsUnlike(r.image, kBackground, 0), QRect(1500, 900, 96, 24));
+}
+
+TEST(ZemsubRender, IndexPictureBeyondItsFrameSaysWhy)
+{
+    const ScriptOutput partly = runSampleScript({"--position", "650,470"});
+    const ScriptOutput beyond = runSampleScript({"--position", "800,500"});
+    ASSERT_TRUE(partly.ran) << partly.failure.toStdString();
+    ASSERT_TRUE(beyond.ran) << beyond.failure.toStdString();
+    TempDir dir;
+    const Rendered cut = render(writePair(dir, partly, "partly"), "1000", {"--background", "#204060"});
+    EXPECT_EQ(cut.run.exitCode, 0);
+    EXPECT_TRUE(cut.run.out.contains("\tpicture x=650 y=470 width=96 height=24 (partly outside the 720x480 "
+                                     "frame: it reaches 746,494)\twrote "))
+        << cut.run.out.toStdString();
+    // Only the part inside the frame is drawn.
+    EXPECT_EQ(cut.image.size(), QSize(720, 480));
+    EXPECT_EQ(pixelsUnlike(cut.image, kBackground, 0), QRect(650, 470, 70, 10));
+
+    const Rendered lost = render(writePair(dir, beyond, "beyond"), "1000", {"--background", "#204060"});
+    EXPECT_EQ(lost.run.exitCode, 0);
+    EXPECT_TRUE(lost.run.out.contains(
+        "\tpicture x=800 y=500 width=96 height=24 (outside the 720x480 frame: it reaches 896,524)\twrote "))
+        << lost.run.out.toStdString();
+    EXPECT_TRUE(pixelsUnlike(lost.image, kBackground, 0).isNull());
+}
+
+TEST(ZemsubRender, FullyTransparentIndexPictureIsNoPicture)
+{
+    // Every code at contrast 0: the decoder keeps nothing of the packet.
+    const ScriptOutput script = runSampleScript({"--contrast", "0,0,0,0"});
+    ASSERT_TRUE(script.ran) << script.failure.toStdString();
+    TempDir dir;
+    const Rendered r = render(writePair(dir, script, "clear"), "1000", {"--background", "#204060"});
+    EXPECT_EQ(r.run.exitCode, 0);
+    EXPECT_TRUE(r.run.out.contains("\tpicture none (the decoder found no picture in the packet)\t"))
+        << r.run.out.toStdString();
+    EXPECT_TRUE(pixelsUnlike(r.image, kBackground, 0).isNull());
+}
+
 TEST(ZemsubRender, IndexFrameIsScaledToTheGivenSize)
 {
     const Rendered r = render(sample("vobsub.idx"), "1000", {"--size", "360x240", "--background", "#204060"});

@@ -17,7 +17,7 @@ QByteArray readAll(const QString& path)
 
 } // namespace
 
-ScriptOutput runSampleScript()
+ScriptOutput runSampleScript(const QStringList& options)
 {
     ScriptOutput output;
     const QString python = QStandardPaths::findExecutable(QStringLiteral("python3"));
@@ -28,8 +28,10 @@ ScriptOutput runSampleScript()
     TempDir dir;
     const QString folder = QString::fromStdString(dir.path());
     QProcess process;
-    process.start(python, {QStringLiteral(ZEMSUB_SOURCE_DIR "/tools/make-sample-sub.py"), QStringLiteral("--out"),
-                           folder, QStringLiteral("--pictures"), folder + QStringLiteral("/pictures")});
+    const QStringList arguments{QStringLiteral(ZEMSUB_SOURCE_DIR "/tools/make-sample-sub.py"),
+                                QStringLiteral("--out"), folder, QStringLiteral("--pictures"),
+                                folder + QStringLiteral("/pictures")};
+    process.start(python, arguments + options);
     if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0) {
         output.failure = QStringLiteral("the script failed: ") + QString::fromUtf8(process.readAllStandardError());
         return output;

@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QPoint>
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -26,7 +27,8 @@ struct ScriptOutput
     std::vector<DrawnPicture> pictures;
 };
 
-// Runs python3 tools/make-sample-sub.py --out DIR --pictures DIR in a temporary folder.
-ScriptOutput runSampleScript();
+// Runs python3 tools/make-sample-sub.py --out DIR --pictures DIR in a temporary folder,
+// with the script's options (--position X,Y, --size WxH|none, --contrast A,B,C,D).
+ScriptOutput runSampleScript(const QStringList& options = {});
 
 #endif

@@ -1,8 +1,10 @@
 // zemsub sheet: one tile per caption or per step, with its time under it.
 #ifndef ZEMSUB_TOOLS_ABSENT
+#    include "SamplePictures.h"
 #    include "ToolRunner.h"
 #    include "support/TestFiles.h"
 
+#    include <QDir>
 #    include <QImage>
 #    include <gtest/gtest.h>
 
@@ -114,6 +116,42 @@ TEST(ZemsubSheet, OneTilePerSubpictureOfAnIndex)
         EXPECT_NEAR(box.left(), 300 * 320 / 720, 1) << tile;
         EXPECT_NEAR(box.top(), 400 * 320 / 720, 1) << tile;
     }
+}
+
+TEST(ZemsubSheet, IndexPicturesBeyondTheFrameAreNotCountedAsShown)
+{
+    const ScriptOutput script = runSampleScript({"--position", "650,470"});
+    ASSERT_TRUE(script.ran) << script.failure.toStdString();
+    TempDir dir;
+    dir.write("movie.sub", script.sub.toStdString());
+    const QString index = qs(dir.write("movie.idx", script.index.toStdString()));
+    const QString out = qs(dir.file("cut.png"));
+    const RunResult result = runZemsub({"sheet", index, "-o", out, "--columns", "3"});
+    EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
+    EXPECT_EQ(result.out, QString("tiles 3\tshown 0\twrote %1\n").arg(out));
+    EXPECT_EQ(result.err,
+              "sheet: the picture at 00:00:01,000 does not show whole: partly outside the 720x480 frame: it "
+              "reaches 746,494\n"
+              "sheet: the picture at 00:00:04,000 does not show whole: partly outside the 720x480 frame: it "
+              "reaches 770,494\n"
+              "sheet: the picture at 00:00:07,500 does not show whole: partly outside the 720x480 frame: it "
+              "reaches 850,510\n");
+}
+
+TEST(ZemsubSheet, IndexWithoutASizeLineTilesTheFrameItsPicturesReach)
+{
+    const ScriptOutput script = runSampleScript({"--size", "none", "--position", "1500,900"});
+    ASSERT_TRUE(script.ran) << script.failure.toStdString();
+    TempDir dir;
+    dir.write("movie.sub", script.sub.toStdString());
+    const QString index = qs(dir.write("movie.idx", script.index.toStdString()));
+    const QString out = qs(dir.file("wide.png"));
+    const RunResult result = runZemsub({"sheet", index, "-o", out, "--columns", "3"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.out, QString("tiles 3\tshown 3\twrote %1\n").arg(out));
+    EXPECT_EQ(result.err, "sheet: the index has no size: line; its frame is 1700x940, as far as its pictures "
+                          "reach (at least 720x480)\n");
+    EXPECT_EQ(QImage(out).size(), sheetSize(3, 3, QSize(1700, 940)));
 }
 
 } // namespace

@@ -28,6 +28,8 @@ std::vector<long long> parseTimes(const QStringList& texts)
 int answerIndex(const FileFacts& facts, const std::vector<long long>& times)
 {
     IndexPictures pictures(facts.path);
+    if (pictures.frameFromPictures())
+        err(QStringLiteral("at: %1\n").arg(pictures.frameNote()));
     for (long long time : times) {
         const IndexPicture answer = pictures.at(time);
         QString packet;
@@ -35,7 +37,7 @@ int answerIndex(const FileFacts& facts, const std::vector<long long>& times)
             packet = QStringLiteral("packet of %1 bytes, control at %2\tpicture %3")
                          .arg(answer.packetSize)
                          .arg(answer.controlOffset)
-                         .arg(describeSubpicture(answer.subpicture));
+                         .arg(describeSubpicture(answer.subpicture, pictures.frameSize()));
         else if (pictures.subFile().isEmpty())
             packet = QStringLiteral("no packet (sub path \"%1\"; no .sub file beside the index)").arg(answer.subPath);
         else

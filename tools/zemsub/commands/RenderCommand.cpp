@@ -19,16 +19,19 @@ void save(const QImage& image, const QString& output)
 }
 
 // A VobSub index: the packet the index reader cuts at the time, decoded and laid
-// on the index's frame (or on --size, scaled).
+// on the index's frame (or on --size, scaled). A picture that does not show whole
+// there says why on its line.
 int renderIndex(const FileFacts& facts, long long time, RenderStyle style, const QString& output)
 {
     IndexPictures pictures(facts.path);
+    if (pictures.frameFromPictures())
+        err(QStringLiteral("render: %1\n").arg(pictures.frameNote()));
     if (!style.sizeGiven)
         style.size = pictures.frameSize();
     const IndexPicture answer = pictures.at(time);
     save(frameWithSubpicture(makeBackground(style), answer.subpicture, pictures.frameSize()), output);
     out(QStringLiteral("time %1\tpicture %2\twrote %3\n")
-            .arg(formatTime(time), describeSubpicture(answer.subpicture), output));
+            .arg(formatTime(time), describeSubpicture(answer.subpicture, pictures.frameSize()), output));
     return ExitSuccess;
 }
 

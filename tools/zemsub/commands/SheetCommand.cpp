@@ -122,6 +122,8 @@ int paintSheet(const QString& path, const QString& output, QSize frameSize, cons
 int sheetOfIndex(const FileFacts& facts, const QString& output, long long every, int columns, RenderStyle style)
 {
     IndexPictures pictures(facts.path);
+    if (pictures.frameFromPictures())
+        err(QStringLiteral("sheet: %1\n").arg(pictures.frameNote()));
     if (!style.sizeGiven)
         style.size = pictures.frameSize();
     const QImage background = makeBackground(style);
@@ -131,7 +133,8 @@ int sheetOfIndex(const FileFacts& facts, const QString& output, long long every,
         const IndexPicture answer = pictures.at(time);
         SheetFrame frame;
         frame.image = frameWithSubpicture(background, answer.subpicture, pictures.frameSize());
-        frame.shown = answer.subpicture.decoded;
+        const QString problem = subpictureProblem(answer.subpicture, pictures.frameSize());
+        frame.shown = answer.subpicture.decoded && problem.isEmpty();
         frame.note = answer.subpicture.decoded
                          ? QStringLiteral("  %1x%2 at %3,%4")
                                .arg(answer.subpicture.picture.width())
@@ -139,6 +142,10 @@ int sheetOfIndex(const FileFacts& facts, const QString& output, long long every,
                                .arg(answer.subpicture.position.x())
                                .arg(answer.subpicture.position.y())
                          : QStringLiteral("  (no picture)");
+        if (!problem.isEmpty()) {
+            frame.note += QStringLiteral("  (%1)").arg(problem);
+            err(QStringLiteral("sheet: the picture at %1 does not show whole: %2\n").arg(formatTime(time), problem));
+        }
         return frame;
     });
 }

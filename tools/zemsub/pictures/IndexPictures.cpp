@@ -15,7 +15,10 @@ namespace zemsub::tool {
 
 namespace {
 
+const QSize kLeastFrame(720, 480);
+
 // The "size: WxH" line of the index; the reader recognises it but keeps nothing.
+// Empty when there is none.
 QSize sizeLine(const xcIdxParser& parser)
 {
     static const QRegularExpression pattern(QStringLiteral("^\\s*size\\s*:\\s*(\\d{1,5})\\s*x\\s*(\\d{1,5})"),
@@ -29,7 +32,37 @@ QSize sizeLine(const xcIdxParser& parser)
         if (width > 0 && height > 0)
             return QSize(width, height);
     }
-    return QSize(720, 480);
+    return QSize();
+}
+
+// How far the pictures of the index reach, at least the least frame. They are cut
+// by a reader of their own, so the reader that answers look-ups keeps its map as
+// a player's would.
+QSize reachOfPictures(const QByteArray& name, const std::vector<IndexEntry>& entries,
+                      const SubPathArrangement& arrangement, const SubpictureDecoder& decoder)
+{
+    QSize reach = kLeastFrame;
+    xcIdxParser survey;
+    try {
+        if (!survey.Open(name.constData()))
+            return reach;
+    } catch (int) {
+        return reach;
+    }
+    for (const IndexEntry& entry : entries) {
+        int size = 0;
+        int control = 0;
+        const std::unique_ptr<unsigned char[]> packet(
+            arrangement.run([&] { return survey.GetPacket(entry.time, size, control); }));
+        if (!packet)
+            continue;
+        const DecodedSubpicture picture = decoder.decode(packet.get(), size);
+        if (!picture.decoded)
+            continue;
+        reach = reach.expandedTo(QSize(picture.position.x() + picture.picture.width(),
+                                       picture.position.y() + picture.picture.height()));
+    }
+    return reach;
 }
 
 } // namespace
@@ -50,21 +83,40 @@ IndexPictures::IndexPictures(const QString& path) : m_parser(std::make_unique<xc
     if (!opened)
         fileError(path, QStringLiteral(
                             "cannot parse: the index reader did not open it (it reads at most 5000 lines)"));
-    m_frameSize = sizeLine(*m_parser);
     for (const auto& [key, entry] : m_parser->GetMap())
         m_entries.push_back(IndexEntry{key, entry.time, entry.filePos});
 
     std::array<unsigned int, 16> palette{};
     std::copy(m_parser->GetPalette(), m_parser->GetPalette() + 16, palette.begin());
-    m_decoder = std::make_unique<SubpictureDecoder>(palette, m_frameSize);
     m_subFile = subFileBeside(absolute);
     m_arrangement =
         std::make_unique<SubPathArrangement>(fromNarrow(m_parser->GetSubPath().getData()), m_subFile);
     if (!m_arrangement->ready())
         m_subFile.clear();
+
+    m_frameSize = sizeLine(*m_parser);
+    if (m_frameSize.isEmpty()) {
+        m_frameFromPictures = true;
+        m_frameSize = kLeastFrame;
+        if (!m_subFile.isEmpty())
+            m_frameSize = reachOfPictures(name, m_entries, *m_arrangement, SubpictureDecoder(palette, kLeastFrame));
+    }
+    m_decoder = std::make_unique<SubpictureDecoder>(palette, m_frameSize);
 }
 
 IndexPictures::~IndexPictures() = default;
+
+QString IndexPictures::frameNote() const
+{
+    if (!m_frameFromPictures)
+        return QString();
+    return QStringLiteral("the index has no size: line; its frame is %1x%2, as far as its pictures reach "
+                          "(at least %3x%4)")
+        .arg(m_frameSize.width())
+        .arg(m_frameSize.height())
+        .arg(kLeastFrame.width())
+        .arg(kLeastFrame.height());
+}
 
 IndexPicture IndexPictures::at(long long ms)
 {

@@ -42,8 +42,13 @@ public:
     // Look-ups may add entries to the reader's map, as in a player.
     IndexPicture at(long long ms);
 
-    // The frame the positions refer to: the index's "size:" line, else 720x480.
+    // The frame the positions refer to: the index's "size:" line; without one, as
+    // large as its pictures reach, at least 720x480.
     QSize frameSize() const { return m_frameSize; }
+    // Whether the frame was taken from the pictures, for want of a "size:" line.
+    bool frameFromPictures() const { return m_frameFromPictures; }
+    // "the index has no size: line; its frame is WxH, ..." when the frame was taken from the pictures.
+    QString frameNote() const;
     // The "timestamp" entries as read, in key order.
     const std::vector<IndexEntry>& entries() const { return m_entries; }
     // The .sub file beside the index that the reader is given; empty when there is none.
@@ -52,6 +57,7 @@ public:
 private:
     std::unique_ptr<xcIdxParser> m_parser;
     QSize m_frameSize{720, 480};
+    bool m_frameFromPictures = false;
     std::vector<IndexEntry> m_entries;
     QString m_subFile;
     std::unique_ptr<SubPathArrangement> m_arrangement;

@@ -1,6 +1,7 @@
 #include "SubpictureFrame.h"
 
 #include <QPainter>
+#include <QRect>
 
 namespace zemsub::tool {
 
@@ -17,15 +18,39 @@ QImage frameWithSubpicture(const QImage& background, const DecodedSubpicture& su
     return frame;
 }
 
-QString describeSubpicture(const DecodedSubpicture& subpicture)
+QString subpictureProblem(const DecodedSubpicture& subpicture, QSize indexFrame)
+{
+    if (!subpicture.decoded)
+        return QString();
+    const QRect frame(QPoint(0, 0), indexFrame);
+    const QRect picture(subpicture.position, subpicture.picture.size());
+    const QString reach = QStringLiteral("it reaches %1,%2").arg(picture.right() + 1).arg(picture.bottom() + 1);
+    if (!frame.intersects(picture))
+        return QStringLiteral("outside the %1x%2 frame: %3")
+            .arg(indexFrame.width())
+            .arg(indexFrame.height())
+            .arg(reach);
+    if (!frame.contains(picture))
+        return QStringLiteral("partly outside the %1x%2 frame: %3")
+            .arg(indexFrame.width())
+            .arg(indexFrame.height())
+            .arg(reach);
+    return QString();
+}
+
+QString describeSubpicture(const DecodedSubpicture& subpicture, QSize indexFrame)
 {
     if (!subpicture.decoded)
         return QStringLiteral("none (%1)").arg(subpicture.failure);
-    return QStringLiteral("x=%1 y=%2 width=%3 height=%4")
-        .arg(subpicture.position.x())
-        .arg(subpicture.position.y())
-        .arg(subpicture.picture.width())
-        .arg(subpicture.picture.height());
+    QString text = QStringLiteral("x=%1 y=%2 width=%3 height=%4")
+                       .arg(subpicture.position.x())
+                       .arg(subpicture.position.y())
+                       .arg(subpicture.picture.width())
+                       .arg(subpicture.picture.height());
+    const QString problem = subpictureProblem(subpicture, indexFrame);
+    if (!problem.isEmpty())
+        text += QStringLiteral(" (%1)").arg(problem);
+    return text;
 }
 
 } // namespace zemsub::tool
