@@ -21,3 +21,13 @@ if(TARGET fix_tests)
     set_target_properties(fix_tests PROPERTIES EXCLUDE_FROM_ALL ON)
   endif()
 endif()
+
+# pictures_tests drives the tools' picture reading (FFmpeg and Tesseract) and the
+# companion library over picture tracks made from known text.
+if(TARGET pictures_tests)
+  if(TARGET zemsub_pictures AND TARGET zemsubfix)
+    target_link_libraries(pictures_tests PRIVATE zemsub_pictures zemsubfix)
+  else()
+    set_target_properties(pictures_tests PROPERTIES EXCLUDE_FROM_ALL ON)
+  endif()
+endif()

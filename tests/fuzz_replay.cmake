@@ -12,12 +12,14 @@ add_executable(fuzz_replay_tests
 target_compile_options(fuzz_replay_tests PRIVATE -Wall -Wextra)
 target_include_directories(fuzz_replay_tests PRIVATE ${ZEMSUB_FUZZ_DIR} ${ZEMSUB_FUZZ_DIR}/targets
   ${ZEMSUBFIX_INCLUDE_DIRS})
-# The lint reading and fix targets need the tool's reading, also when the tools are not built.
+# The lint reading, fix and picture targets need the tool's reading and pictures, also when the
+# tools are not built.
 if(NOT TARGET zemsub_reading)
   include(${PROJECT_SOURCE_DIR}/cmake/ZemsubFFmpeg.cmake)
   add_subdirectory(${PROJECT_SOURCE_DIR}/tools/reading ${CMAKE_BINARY_DIR}/fuzz-replay-reading)
+  add_subdirectory(${PROJECT_SOURCE_DIR}/tools/pictures ${CMAKE_BINARY_DIR}/fuzz-replay-pictures)
 endif()
-target_link_libraries(fuzz_replay_tests PRIVATE zemsub_test_support zemsub_reading)
+target_link_libraries(fuzz_replay_tests PRIVATE zemsub_test_support zemsub_reading zemsub_pictures)
 target_compile_definitions(fuzz_replay_tests PRIVATE ZEMSUB_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
 gtest_discover_tests(fuzz_replay_tests
   TEST_PREFIX "fuzz."

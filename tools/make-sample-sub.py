@@ -15,6 +15,9 @@ Run it from anywhere: python3 tools/make-sample-sub.py
   --position X,Y  top left of every subpicture (default 300,400)
   --size WxH      the index's size: line (default 720x480); "none" leaves the line out
   --contrast A,B,C,D  alpha of codes 0 to 3, 0 transparent to 15 opaque (default 0,15,15,15)
+  --bitmaps LIST  the subpictures from LIST instead of the built-in ones: one line
+                  "START_MS DURATION_MS X Y FILE" each, FILE a binary PGM (P5) whose
+                  values are the pixel codes 0 to 3, relative to LIST's folder
 """
 
 import argparse
@@ -211,12 +214,48 @@ def write_pictures(folder, position, contrast):
         f.write("\n".join(listing) + "\n")
 
 
+def read_codes(path):
+    """A binary PGM (P5, maxval below 256) whose values are pixel codes 0 to 3."""
+    with open(path, "rb") as f:
+        data = f.read()
+    fields = []
+    at = 0
+    while len(fields) < 4:
+        while data[at:at + 1].isspace():
+            at += 1
+        if data[at:at + 1] == b"#":
+            at = data.index(b"\n", at)
+            continue
+        end = at
+        while not data[end:end + 1].isspace():
+            end += 1
+        fields.append(data[at:end])
+        at = end
+    if fields[0] != b"P5":
+        raise ValueError("%s is not a binary PGM" % path)
+    width, height = int(fields[1]), int(fields[2])
+    pixels = data[at + 1:at + 1 + width * height]
+    return [[min(3, value) for value in pixels[y * width:(y + 1) * width]] for y in range(height)]
+
+
+def read_bitmaps(listing):
+    folder = os.path.dirname(os.path.abspath(listing))
+    subtitles = []
+    with open(listing) as f:
+        for line in f:
+            if line.strip():
+                start, duration, x, y, name = line.split()
+                subtitles.append((int(start), int(duration), read_codes(os.path.join(folder, name)), (int(x), int(y))))
+    return subtitles
+
+
 def main():
     arguments = argparse.ArgumentParser(description="Writes the sample VobSub pair.")
     arguments.add_argument("--out", default=SAMPLES, help="folder of vobsub.idx and vobsub.sub")
     arguments.add_argument("--pictures", help="folder for the subpictures as drawn")
     arguments.add_argument("--position", default="%d,%d" % POSITION, help="top left of every subpicture, X,Y")
     arguments.add_argument("--size", default="720x480", help='the size: line, WxH, or "none"')
+    arguments.add_argument("--bitmaps", help="a listing of subpictures to write instead of the built-in ones")
     arguments.add_argument("--contrast", default=",".join(map(str, CODE_CONTRAST)),
                            help="alpha of codes 0 to 3, A,B,C,D (0 to 15)")
     options = arguments.parse_args()
@@ -246,8 +285,11 @@ def main():
         "# English",
         "id: en, index: 0",
     ]
-    for start, duration, rows in SUBTITLES:
-        unit = subpicture(rows, position[0], position[1], duration, contrast)
+    subtitles = [(start, duration, rows, position) for start, duration, rows in SUBTITLES]
+    if options.bitmaps:
+        subtitles = read_bitmaps(options.bitmaps)
+    for start, duration, rows, at in subtitles:
+        unit = subpicture(rows, at[0], at[1], duration, contrast)
         index_lines.append("timestamp: %s, filepos: %09x" % (timestamp(start), len(stream)))
         for sector in sectors_for(unit, start * 90):
             stream += sector

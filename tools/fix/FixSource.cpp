@@ -1,5 +1,7 @@
 #include "FixSource.h"
 
+#include "pictures/OcrLanguage.h"
+#include "pictures/PictureText.h"
 #include "reading/EventText.h"
 #include "reading/ReadWrittenFile.h"
 #include "reading/TrackChoice.h"
@@ -69,10 +71,35 @@ QString withoutDrawing(const QString& raw)
     return kept;
 }
 
+// A picture track read as text: one caption per picture shown.
+void readPictures(SourceFile& source, const QByteArray& bytes, const QString& fileName, int track,
+                  const QString& language)
+{
+    using namespace zemsub::tool;
+    const PictureText read = readPictureText(bytes, fileName, track, language);
+    source.ocrLanguage = language;
+    if (!read.read) {
+        source.error = read.failure;
+        return;
+    }
+    source.readable = true;
+    source.encoding = QStringLiteral("UTF-8");
+    int index = 0;
+    for (const PictureCaption& picture : read.captions) {
+        SourceCaption caption;
+        caption.index = ++index;
+        caption.start = picture.start;
+        caption.end = picture.end;
+        caption.text = picture.text;
+        caption.confidence = picture.confidence;
+        source.captions.push_back(caption);
+    }
+}
+
 } // namespace
 
 SourceFile readSource(const QByteArray& bytes, const QString& fileName, const QString& forcedEncoding,
-                      int track, const QString& language)
+                      int track, const QString& language, const QString& ocrLanguage)
 {
     using namespace zemsub::tool;
     SourceFile source;
@@ -98,7 +125,9 @@ SourceFile readSource(const QByteArray& bytes, const QString& fileName, const QS
         return source;
     }
     if (written.pictures) {
-        source.error = QStringLiteral("its subtitles are pictures, not text");
+        const QString tag = tracks.tracks[size_t(choice.index)].language;
+        readPictures(source, bytes, fileName, choice.index,
+                     ocrLanguage.isEmpty() ? tesseractLanguage(tag) : ocrLanguage);
         return source;
     }
     source.readable = true;

@@ -119,10 +119,12 @@ FixReport fixBuffer(const QByteArray& bytes, const QString& fileName, const FixO
 {
     FixReport report;
     report.format = options.format;
-    SourceFile source = readSource(bytes, fileName, options.encoding, options.track, options.language);
+    SourceFile source =
+        readSource(bytes, fileName, options.encoding, options.track, options.language, options.ocrLanguage);
     report.track = source.track;
     report.trackReason = source.trackReason;
     report.trackSummary = source.trackSummary;
+    report.ocrLanguage = source.ocrLanguage;
     if (!source.readable) {
         report.error = source.error;
         return report;
@@ -157,6 +159,7 @@ FixReport fixBuffer(const QByteArray& bytes, const QString& fileName, const FixO
         outcome.start = caption.start;
         outcome.end = caption.end;
         outcome.text = caption.text;
+        outcome.confidence = caption.confidence;
         // A caption wholly outside the copy's times is not in it.
         const bool cutAway = held[size_t(i)].end <= held[size_t(i)].start && caption.end > caption.start;
         outcome.textShown = check.captionShown[size_t(i)] && !cutAway;

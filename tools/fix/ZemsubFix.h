@@ -41,6 +41,8 @@ struct FixOptions
                       // (plain files only: Matroska and MP4 tracks are UTF-8)
     int track = -1;   // the subtitle track to fix, from 0 in file order; -1: the one a player takes
     QString language; // else the track of this language (as tagged, ISO 639-2): its default one, else its first
+    QString ocrLanguage; // a picture track is read as text in this Tesseract language ("eng", "fra", ...);
+                         // empty: the track's tag, English when untagged
 };
 
 // One subtitle track of a file (a plain subtitle file is one track).
@@ -77,6 +79,7 @@ struct CaptionOutcome
     long long start = 0;
     long long end = 0;
     QString text;                // as a modern player shows it, lines joined by "\n"
+    int confidence = -1;         // read from a picture: Tesseract's confidence, 0 to 100; -1 for text
     bool textShown = false;      // the library showed the text at its start, middle and end
     std::vector<Reason> reasons; // empty when the caption shows as written
     bool asWritten() const { return textShown && reasons.empty(); }
@@ -91,6 +94,7 @@ struct ZEMSUBFIX_EXPORT FixReport
     int track = -1;        // the subtitle track fixed, from 0; -1 when none was taken
     QString trackReason;   // why it: "asked for", "default", "first of its language", "first text track", ...
     QString trackSummary;  // "track 1 (fre, default): subrip"
+    QString ocrLanguage;   // the Tesseract language a picture track was read in; empty for text
     QByteArray copy;        // the copy's bytes
     int copyLines = 0;      // lines of the copy
     bool copyOpens = false; // the library opened the copy

@@ -5,6 +5,7 @@
 #include "TimeParser.h"
 #include "TrackOptions.h"
 #include "ZemsubFix.h"
+#include "pictures/PictureText.h"
 #include "zemsub/frames/TextForm.h"
 
 #include <QFileInfo>
@@ -22,17 +23,25 @@ nlohmann::ordered_json reportJson(const QString& input, const QString& output,
         nlohmann::ordered_json reasons = nlohmann::ordered_json::array();
         for (const zemsubfix::Reason& reason : caption.reasons)
             reasons.push_back({{"code", reason.code.toStdString()}, {"text", reason.text.toStdString()}});
-        captions.push_back({{"caption", caption.index},
-                            {"line", caption.line},
-                            {"start", caption.start},
-                            {"end", caption.end},
-                            {"written", caption.text.toStdString()},
-                            {"textShown", caption.textShown},
-                            {"asWritten", caption.asWritten()},
-                            {"reasons", reasons}});
+        nlohmann::ordered_json outcome{{"caption", caption.index},
+                                       {"line", caption.line},
+                                       {"start", caption.start},
+                                       {"end", caption.end},
+                                       {"written", caption.text.toStdString()},
+                                       {"textShown", caption.textShown},
+                                       {"asWritten", caption.asWritten()},
+                                       {"reasons", reasons}};
+        if (caption.confidence >= 0) {
+            outcome["confidence"] = caption.confidence;
+            outcome["lowConfidence"] = caption.confidence < kLowConfidence;
+        }
+        captions.push_back(outcome);
     }
+    nlohmann::ordered_json track{{"index", report.track}, {"reason", report.trackReason.toStdString()}};
+    if (!report.ocrLanguage.isEmpty())
+        track["readAs"] = report.ocrLanguage.toStdString();
     return {{"file", input.toStdString()},
-            {"track", {{"index", report.track}, {"reason", report.trackReason.toStdString()}}},
+            {"track", track},
             {"copy", output.toStdString()},
             {"format", zemsubfix::formatExtension(report.format).toStdString()},
             {"encoding", report.encoding.toStdString()},
@@ -57,6 +66,16 @@ void printReport(const QString& input, const QString& output, const zemsubfix::F
             .arg(shown));
     if (!report.copyOpens)
         out(QStringLiteral("  the library does not open the copy\n"));
+    if (!report.ocrLanguage.isEmpty())
+        out(QStringLiteral("  pictures read as text in %1 (Tesseract)\n").arg(report.ocrLanguage));
+    for (const zemsubfix::CaptionOutcome& caption : report.captions) {
+        if (caption.confidence >= 0 && caption.confidence < kLowConfidence)
+            out(QStringLiteral("  caption %1, %2: read with low confidence (%3): \"%4\"\n")
+                    .arg(caption.index)
+                    .arg(formatTime(caption.start))
+                    .arg(caption.confidence)
+                    .arg(escaped(caption.text)));
+    }
     for (const zemsubfix::CaptionOutcome& caption : report.captions) {
         if (caption.asWritten())
             continue;
@@ -97,10 +116,17 @@ int runFix(const QStringList& args)
     line.parser().addOption(outputOption);
     line.parser().addOption(jsonOption);
     line.parser().addOption(encodingOption);
+    const QCommandLineOption ocrOption(
+        QStringLiteral("ocr-language"),
+        QStringLiteral("Read a picture track as text in this Tesseract language (eng, fra, deu, ...); "
+                       "by default the track's language, English when untagged."),
+        QStringLiteral("LANG"));
     line.parser().addOption(inPlaceOption);
+    line.parser().addOption(ocrOption);
     const TrackOptions trackOptions(line);
     line.addPositional(QStringLiteral("file"),
-                       QStringLiteral("A SubRip or ASS/SSA file, or a video file with subtitle tracks."));
+                       QStringLiteral("A SubRip or ASS/SSA file, a video file with subtitle tracks, or "
+                                      "pictures (.sup, a picture track) read as text."));
     if (!line.parse(args))
         return ExitSuccess;
     const QString input = line.positionals(1, 1).first();
@@ -130,6 +156,7 @@ int runFix(const QStringList& args)
     options.encoding = line.parser().value(encodingOption);
     options.track = track;
     options.language = trackOptions.language();
+    options.ocrLanguage = line.parser().value(ocrOption);
     const zemsubfix::FixReport report = zemsubfix::fixFile(input, output, options);
     announceTrack(report.trackSummary);
     if (!report.readable)

@@ -1,0 +1,67 @@
+// The confusions of reading subtitle pictures, put right line by line.
+#include "pictures/OcrCorrections.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using zemsub::tool::correctReading;
+
+std::string corrected(const char* line)
+{
+    return correctReading(QString::fromUtf8(line)).toStdString();
+}
+
+TEST(OcrCorrections, BarReadForCapitalI)
+{
+    EXPECT_EQ(corrected("| know"), "I know");
+    EXPECT_EQ(corrected("|t's mine"), "It's mine");
+    EXPECT_EQ(corrected("|'m here"), "I'm here");
+    // A bar before a capital or a digit is left alone.
+    EXPECT_EQ(corrected("A|B"), "A|B");
+}
+
+TEST(OcrCorrections, LonelyEllReadForCapitalI)
+{
+    EXPECT_EQ(corrected("l am here"), "I am here");
+    EXPECT_EQ(corrected("l'm here"), "I'm here");
+    EXPECT_EQ(corrected("and l"), "and I");
+    // Inside words it stays.
+    EXPECT_EQ(corrected("hello all"), "hello all");
+}
+
+TEST(OcrCorrections, CurlyQuotesBecomeStraight)
+{
+    EXPECT_EQ(corrected("It\u2019s \u201cfine\u201d, \u2018really\u2019"), "It's \"fine\", 'really'");
+}
+
+TEST(OcrCorrections, DialogueDashAtTheLineStart)
+{
+    EXPECT_EQ(corrected("-Where?"), "- Where?");
+    EXPECT_EQ(corrected("\u2013 Home."), "- Home.");
+    EXPECT_EQ(corrected("\u2014Now"), "- Now");
+    EXPECT_EQ(corrected("- ...maybe"), "- ...maybe");
+    // Only at the start.
+    EXPECT_EQ(corrected("well-known"), "well-known");
+}
+
+TEST(OcrCorrections, NoSpaceBeforePunctuation)
+{
+    EXPECT_EQ(corrected("Hello , world !"), "Hello, world!");
+    EXPECT_EQ(corrected("What ?"), "What?");
+}
+
+TEST(OcrCorrections, ZeroBetweenLettersIsO)
+{
+    EXPECT_EQ(corrected("C0ME HERE"), "COME HERE");
+    EXPECT_EQ(corrected("HELL0"), "HELLO");
+    EXPECT_EQ(corrected("at 10 o'clock, 2000"), "at 10 o'clock, 2000");
+}
+
+TEST(OcrCorrections, SpacesAroundTheLineGo)
+{
+    EXPECT_EQ(corrected("  Hello  "), "Hello");
+    EXPECT_EQ(corrected(""), "");
+}
+
+} // namespace

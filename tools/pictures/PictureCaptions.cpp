@@ -1,0 +1,183 @@
+#include "PictureCaptions.h"
+
+#include "reading/DemuxedBytes.h"
+
+extern "C" {
+#include <libavcodec/avcodec.h>
+#include <libavformat/avformat.h>
+#include <libavutil/mathematics.h>
+}
+
+#include <QPainter>
+#include <QRect>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+namespace zemsub::tool {
+
+namespace {
+
+// How long the last picture of a track stays when nothing clears it.
+constexpr long long kLastPictureMs = 5000;
+// Pictures larger than this are not drawn (a damaged packet can claim any size).
+constexpr int kLargestSide = 8192;
+
+struct CodecCloser
+{
+    void operator()(AVCodecContext* context) const { avcodec_free_context(&context); }
+};
+
+struct PacketFreer
+{
+    void operator()(AVPacket* packet) const { av_packet_free(&packet); }
+};
+
+// The rectangles of a decoded subtitle drawn on one picture that holds them all.
+std::optional<ShownPicture> drawRects(const AVSubtitle& subtitle)
+{
+    QRect bounds;
+    for (unsigned i = 0; i < subtitle.num_rects; ++i) {
+        const AVSubtitleRect* rect = subtitle.rects[i];
+        if (rect && rect->type == SUBTITLE_BITMAP && rect->w > 0 && rect->h > 0 && rect->w <= kLargestSide &&
+            rect->h <= kLargestSide && rect->data[0] && rect->data[1])
+            bounds |= QRect(rect->x, rect->y, rect->w, rect->h);
+    }
+    if (bounds.isEmpty() || bounds.width() > kLargestSide || bounds.height() > kLargestSide)
+        return std::nullopt;
+    ShownPicture shown;
+    shown.position = bounds.topLeft();
+    shown.image = QImage(bounds.size(), QImage::Format_ARGB32);
+    shown.image.fill(Qt::transparent);
+    bool visible = false;
+    for (unsigned i = 0; i < subtitle.num_rects; ++i) {
+        const AVSubtitleRect* rect = subtitle.rects[i];
+        if (!rect || rect->type != SUBTITLE_BITMAP || rect->w <= 0 || rect->h <= 0 || rect->w > kLargestSide ||
+            rect->h > kLargestSide || !rect->data[0] || !rect->data[1])
+            continue;
+        const auto* palette = reinterpret_cast<const uint32_t*>(rect->data[1]);
+        const int colours = rect->nb_colors > 0 && rect->nb_colors <= 256 ? rect->nb_colors : 256;
+        for (int y = 0; y < rect->h; ++y) {
+            const uint8_t* row = rect->data[0] + size_t(y) * size_t(rect->linesize[0]);
+            auto* target = reinterpret_cast<QRgb*>(shown.image.scanLine(rect->y - bounds.y() + y)) +
+                           (rect->x - bounds.x());
+            for (int x = 0; x < rect->w; ++x) {
+                if (row[x] >= colours)
+                    continue;
+                const uint32_t argb = palette[row[x]];
+                if (argb >> 24) {
+                    target[x] = argb;
+                    visible = true;
+                }
+            }
+        }
+    }
+    if (!visible)
+        return std::nullopt;
+    return shown;
+}
+
+int subtitleStream(AVFormatContext* format, int track)
+{
+    int seen = 0;
+    for (unsigned i = 0; i < format->nb_streams; ++i) {
+        if (format->streams[i]->codecpar->codec_type == AVMEDIA_TYPE_SUBTITLE && seen++ == track)
+            return int(i);
+    }
+    return -1;
+}
+
+} // namespace
+
+PictureCaptions readPictureCaptions(const QByteArray& bytes, const QString& fileName, int track)
+{
+    PictureCaptions result;
+    const DemuxedBytes input(bytes, fileName);
+    AVFormatContext* const format = input.format();
+    if (!format) {
+        result.failure = input.failure();
+        return result;
+    }
+    const int stream = track < 0 ? av_find_best_stream(format, AVMEDIA_TYPE_SUBTITLE, -1, -1, nullptr, 0)
+                                 : subtitleStream(format, track);
+    if (stream < 0) {
+        result.failure = QStringLiteral("FFmpeg finds no subtitle stream in it (read as %1)").arg(input.formatTitle());
+        return result;
+    }
+    AVStream* subtitles = format->streams[stream];
+    const AVCodec* decoder = avcodec_find_decoder(subtitles->codecpar->codec_id);
+    const AVCodecDescriptor* descriptor = avcodec_descriptor_get(subtitles->codecpar->codec_id);
+    if (!decoder || !descriptor || !(descriptor->props & AV_CODEC_PROP_BITMAP_SUB)) {
+        result.failure = QStringLiteral("FFmpeg has no picture decoder for its subtitles (read as %1)")
+                             .arg(input.formatTitle());
+        return result;
+    }
+    for (unsigned i = 0; i < format->nb_streams; ++i) {
+        if (int(i) != stream)
+            format->streams[i]->discard = AVDISCARD_ALL;
+    }
+    const std::unique_ptr<AVCodecContext, CodecCloser> codec(avcodec_alloc_context3(decoder));
+    if (!codec || avcodec_parameters_to_context(codec.get(), subtitles->codecpar) < 0) {
+        result.failure = ffmpegError(AVERROR(ENOMEM));
+        return result;
+    }
+    codec->pkt_timebase = subtitles->time_base;
+    int code = avcodec_open2(codec.get(), decoder, nullptr);
+    if (code < 0) {
+        result.failure = QStringLiteral("FFmpeg cannot open its %1 decoder: %2")
+                             .arg(QString::fromUtf8(decoder->name), ffmpegError(code));
+        return result;
+    }
+    result.codec = QString::fromUtf8(decoder->name);
+    if (codec->width > 0 && codec->height > 0)
+        result.frame = QSize(codec->width, codec->height);
+
+    // The picture on screen, until something ends it.
+    std::optional<ShownPicture> open;
+    auto close = [&](long long at) {
+        if (!open)
+            return;
+        open->end = std::max(open->start, at);
+        if (open->end > open->start)
+            result.pictures.push_back(std::move(*open));
+        open.reset();
+    };
+
+    const std::unique_ptr<AVPacket, PacketFreer> packet(av_packet_alloc());
+    if (!packet) {
+        result.failure = ffmpegError(AVERROR(ENOMEM));
+        return result;
+    }
+    const AVRational ms{1, 1000};
+    while ((code = av_read_frame(format, packet.get())) >= 0) {
+        if (packet->stream_index == stream) {
+            AVSubtitle subtitle{};
+            int got = 0;
+            if (avcodec_decode_subtitle2(codec.get(), &subtitle, &got, packet.get()) >= 0 && got) {
+                const long long pts =
+                    packet->pts != AV_NOPTS_VALUE ? av_rescale_q(packet->pts, subtitles->time_base, ms) : 0;
+                const long long start = pts + subtitle.start_display_time;
+                close(start);
+                if (std::optional<ShownPicture> shown = drawRects(subtitle)) {
+                    shown->start = start;
+                    open = std::move(shown);
+                    if (subtitle.end_display_time > subtitle.start_display_time &&
+                        subtitle.end_display_time != UINT32_MAX)
+                        close(pts + subtitle.end_display_time);
+                    else if (packet->duration > 0)
+                        close(pts + av_rescale_q(packet->duration, subtitles->time_base, ms));
+                }
+            }
+            if (got)
+                avsubtitle_free(&subtitle);
+        }
+        av_packet_unref(packet.get());
+    }
+    if (open)
+        close(open->start + kLastPictureMs);
+    result.read = true;
+    return result;
+}
+
+} // namespace zemsub::tool

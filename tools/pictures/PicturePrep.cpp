@@ -1,0 +1,142 @@
+#include "PicturePrep.h"
+
+#include <QColor>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zemsub::tool {
+
+namespace {
+
+constexpr int kOpaque = 128;      // alpha from which a pixel counts as drawn
+constexpr double kApart = 40.0;   // grey levels between fill and outline for them to count as two
+constexpr int kMargin = 8;        // ground around a line, in scaled pixels
+
+int grey(QRgb pixel)
+{
+    return (qRed(pixel) * 299 + qGreen(pixel) * 587 + qBlue(pixel) * 114) / 1000;
+}
+
+bool drawn(const QImage& picture, int x, int y)
+{
+    if (x < 0 || y < 0 || x >= picture.width() || y >= picture.height())
+        return false;
+    return qAlpha(picture.pixel(x, y)) >= kOpaque;
+}
+
+// A drawn pixel with the ground next to it.
+bool atEdge(const QImage& picture, int x, int y)
+{
+    return !drawn(picture, x - 1, y) || !drawn(picture, x + 1, y) || !drawn(picture, x, y - 1) ||
+           !drawn(picture, x, y + 1);
+}
+
+struct Band
+{
+    int top = 0;
+    int bottom = 0; // exclusive
+    int height() const { return bottom - top; }
+};
+
+} // namespace
+
+QImage textFill(const QImage& source)
+{
+    const QImage picture = source.convertToFormat(QImage::Format_ARGB32);
+    QImage mask(picture.size(), QImage::Format_Grayscale8);
+    mask.fill(255);
+    double edgeSum = 0, innerSum = 0;
+    long long edgeCount = 0, innerCount = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (!drawn(picture, x, y))
+                continue;
+            const int level = grey(picture.pixel(x, y));
+            if (atEdge(picture, x, y)) {
+                edgeSum += level;
+                ++edgeCount;
+            } else {
+                innerSum += level;
+                ++innerCount;
+            }
+        }
+    }
+    const double edge = edgeCount ? edgeSum / double(edgeCount) : 0;
+    const double inner = innerCount ? innerSum / double(innerCount) : edge;
+    const bool outlined = edgeCount && innerCount && std::abs(inner - edge) >= kApart;
+    for (int y = 0; y < picture.height(); ++y) {
+        uchar* row = mask.scanLine(y);
+        for (int x = 0; x < picture.width(); ++x) {
+            if (!drawn(picture, x, y))
+                continue;
+            const int level = grey(picture.pixel(x, y));
+            if (!outlined || std::abs(level - inner) < std::abs(level - edge))
+                row[x] = 0;
+        }
+    }
+    return mask;
+}
+
+std::vector<QImage> textLines(const QImage& mask, int lineHeight)
+{
+    // Rows holding text, grouped into bands; a band much lower than the tallest
+    // (accents, dots, the tail of a comma) joins its nearest neighbour.
+    std::vector<Band> bands;
+    for (int y = 0; y < mask.height(); ++y) {
+        const uchar* row = mask.constScanLine(y);
+        if (std::all_of(row, row + mask.width(), [](uchar value) { return value >= 128; }))
+            continue;
+        if (!bands.empty() && bands.back().bottom == y)
+            bands.back().bottom = y + 1;
+        else
+            bands.push_back(Band{y, y + 1});
+    }
+    if (bands.empty())
+        return {};
+    int tallest = 0;
+    for (const Band& band : bands)
+        tallest = std::max(tallest, band.height());
+    for (size_t i = 0; i < bands.size() && bands.size() > 1;) {
+        if (bands[i].height() * 2 >= tallest) {
+            ++i;
+            continue;
+        }
+        const int above = i > 0 ? bands[i].top - bands[i - 1].bottom : INT32_MAX;
+        const int below = i + 1 < bands.size() ? bands[i + 1].top - bands[i].bottom : INT32_MAX;
+        if (above <= below) {
+            bands[i - 1].bottom = bands[i].bottom;
+        } else {
+            bands[i + 1].top = bands[i].top;
+        }
+        bands.erase(bands.begin() + long(i));
+    }
+
+    std::vector<QImage> lines;
+    for (const Band& band : bands) {
+        int left = mask.width(), right = -1;
+        for (int y = band.top; y < band.bottom; ++y) {
+            const uchar* row = mask.constScanLine(y);
+            for (int x = 0; x < mask.width(); ++x) {
+                if (row[x] < 128) {
+                    left = std::min(left, x);
+                    right = std::max(right, x);
+                }
+            }
+        }
+        const QImage cut = mask.copy(left, band.top, right - left + 1, band.height());
+        const double scale = double(lineHeight) / double(std::max(1, band.height()));
+        const QSize size(std::max(1, int(std::lround(cut.width() * scale))), lineHeight);
+        QImage line(size + QSize(2 * kMargin, 2 * kMargin), QImage::Format_Grayscale8);
+        line.fill(255);
+        QPainter painter(&line);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawImage(QRect(QPoint(kMargin, kMargin), size), cut);
+        painter.end();
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+} // namespace zemsub::tool

@@ -1,0 +1,121 @@
+#include "PictureText.h"
+
+#include "OcrCorrections.h"
+#include "OcrLanguage.h"
+#include "PicturePrep.h"
+#include "TextReader.h"
+
+#include <QHash>
+#include <QStringList>
+
+#include <algorithm>
+#include <atomic>
+#include <thread>
+
+namespace zemsub::tool {
+
+namespace {
+
+struct Reading
+{
+    QString text;
+    int confidence = 100;
+};
+
+Reading readPicture(TextReader& reader, const QImage& picture)
+{
+    Reading reading;
+    QStringList lines;
+    for (const QImage& line : textLines(textFill(picture))) {
+        const ReadLine read = reader.read(line);
+        const QString text = correctReading(read.text);
+        if (text.isEmpty())
+            continue;
+        lines << text;
+        reading.confidence = std::min(reading.confidence, read.confidence);
+    }
+    reading.text = lines.join(QLatin1Char('\n'));
+    if (reading.text.isEmpty())
+        reading.confidence = 0;
+    return reading;
+}
+
+} // namespace
+
+PictureText readPictures(const std::vector<ShownPicture>& pictures, const QString& language)
+{
+    PictureText result;
+    result.language = language;
+    result.pictures = int(pictures.size());
+    if (!languageInstalled(language)) {
+        result.failure = missingLanguageMessage(language);
+        return result;
+    }
+    // An identical picture is read once.
+    QHash<QByteArray, int> seen;
+    std::vector<int> readingOf(pictures.size());
+    std::vector<const QImage*> distinct;
+    for (size_t i = 0; i < pictures.size(); ++i) {
+        const QImage& image = pictures[i].image;
+        const QByteArray key = QByteArray::number(image.width()) + 'x' + QByteArray::number(image.height()) + ':' +
+                               QByteArray(reinterpret_cast<const char*>(image.constBits()), int(image.sizeInBytes()));
+        const auto known = seen.constFind(key);
+        if (known != seen.constEnd()) {
+            readingOf[i] = *known;
+        } else {
+            readingOf[i] = int(distinct.size());
+            seen.insert(key, int(distinct.size()));
+            distinct.push_back(&image);
+        }
+    }
+    result.distinct = int(distinct.size());
+
+    std::vector<Reading> readings(distinct.size());
+    std::atomic<size_t> next{0};
+    std::atomic<bool> failed{false};
+    const unsigned cores = std::max(1u, std::thread::hardware_concurrency());
+    const unsigned workers = unsigned(std::min<size_t>(cores, std::max<size_t>(1, distinct.size())));
+    std::vector<std::thread> threads;
+    for (unsigned w = 0; w < workers; ++w) {
+        threads.emplace_back([&] {
+            TextReader reader;
+            if (!reader.open(language)) {
+                failed = true;
+                return;
+            }
+            for (size_t i = next++; i < distinct.size(); i = next++)
+                readings[i] = readPicture(reader, *distinct[i]);
+        });
+    }
+    for (std::thread& thread : threads)
+        thread.join();
+    if (failed) {
+        result.failure = QStringLiteral("Tesseract cannot load its data for %1 (in %2)")
+                             .arg(language, languageDataFolder());
+        return result;
+    }
+    for (size_t i = 0; i < pictures.size(); ++i) {
+        const Reading& reading = readings[size_t(readingOf[i])];
+        if (reading.text.isEmpty())
+            continue;
+        result.captions.push_back(
+            PictureCaption{pictures[i].start, pictures[i].end, reading.text, reading.confidence});
+    }
+    result.read = true;
+    return result;
+}
+
+PictureText readPictureText(const QByteArray& bytes, const QString& fileName, int track, const QString& language)
+{
+    const PictureCaptions decoded = readPictureCaptions(bytes, fileName, track);
+    if (!decoded.read) {
+        PictureText result;
+        result.failure = decoded.failure;
+        return result;
+    }
+    PictureText result = readPictures(decoded.pictures, language);
+    result.codec = decoded.codec;
+    return result;
+}
+
+} // namespace zemsub::tool

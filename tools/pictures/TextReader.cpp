@@ -1,0 +1,51 @@
+#include "TextReader.h"
+
+#include "OcrLanguage.h"
+
+#include <tesseract/baseapi.h>
+
+#include <memory>
+
+namespace zemsub::tool {
+
+TextReader::TextReader() = default;
+
+TextReader::~TextReader()
+{
+    if (m_api)
+        m_api->End();
+}
+
+bool TextReader::open(const QString& language)
+{
+    if (!languageInstalled(language))
+        return false;
+    m_api = std::make_unique<tesseract::TessBaseAPI>();
+    // Tesseract's notes go nowhere: the tools report for themselves.
+    m_api->SetVariable("debug_file", "/dev/null");
+    const QByteArray folder = languageDataFolder().toLocal8Bit();
+    const QByteArray name = language.toLatin1();
+    if (m_api->Init(folder.constData(), name.constData(), tesseract::OEM_LSTM_ONLY) != 0) {
+        m_api.reset();
+        return false;
+    }
+    m_api->SetPageSegMode(tesseract::PSM_SINGLE_LINE);
+    m_api->SetVariable("user_defined_dpi", "300");
+    return true;
+}
+
+ReadLine TextReader::read(const QImage& source)
+{
+    ReadLine line;
+    if (!m_api)
+        return line;
+    const QImage image = source.convertToFormat(QImage::Format_Grayscale8);
+    m_api->SetImage(image.constBits(), image.width(), image.height(), 1, int(image.bytesPerLine()));
+    const std::unique_ptr<char[]> text(m_api->GetUTF8Text());
+    line.text = text ? QString::fromUtf8(text.get()).trimmed() : QString();
+    line.confidence = m_api->MeanTextConf();
+    m_api->Clear();
+    return line;
+}
+
+} // namespace zemsub::tool
