@@ -26,7 +26,7 @@ endif()
 # companion library over picture tracks made from known text.
 if(TARGET pictures_tests)
   if(TARGET zemsub_pictures AND TARGET zemsubfix)
-    target_link_libraries(pictures_tests PRIVATE zemsub_pictures zemsubfix)
+    target_link_libraries(pictures_tests PRIVATE zemsub_pictures zemsub_samplegen zemsubfix)
   else()
     set_target_properties(pictures_tests PROPERTIES EXCLUDE_FROM_ALL ON)
   endif()

@@ -58,6 +58,31 @@ TEST(OcrCorrections, ZeroBetweenLettersIsO)
     EXPECT_EQ(corrected("at 10 o'clock, 2000"), "at 10 o'clock, 2000");
 }
 
+TEST(OcrCorrections, CapitalLOrIInsideASentenceIsLoweredWhereTheWordListSaysSo)
+{
+    const QSet<QString> words{"the", "lighthouse", "light", "Lisbon", "is", "Ill", "ill", "lint"};
+    auto fixed = [&words](const char* line) { return correctReading(QString::fromUtf8(line), &words).toStdString(); };
+    EXPECT_EQ(fixed("The Lighthouse is far"), "The lighthouse is far");
+    EXPECT_EQ(fixed("go, Iint"), "go, lint");
+    // At a sentence's start, a capital is right.
+    EXPECT_EQ(fixed("Lighthouse ahead"), "Lighthouse ahead");
+    EXPECT_EQ(fixed("Stop. Lighthouse ahead"), "Stop. Lighthouse ahead");
+    // Names the list spells with a capital, and words it spells both ways, stay.
+    EXPECT_EQ(fixed("to Lisbon"), "to Lisbon");
+    EXPECT_EQ(fixed("was Ill"), "was Ill");
+    // Words it does not know stay.
+    EXPECT_EQ(fixed("the Lumiere"), "the Lumiere");
+    // Without a list nothing changes.
+    EXPECT_EQ(corrected("The Lighthouse"), "The Lighthouse");
+}
+
+TEST(OcrCorrections, TheSystemWordListIsInstalled)
+{
+    const QSet<QString>& words = zemsub::tool::englishWords();
+    EXPECT_TRUE(words.contains("lighthouse"));
+    EXPECT_FALSE(words.contains("Lighthouse"));
+}
+
 TEST(OcrCorrections, SpacesAroundTheLineGo)
 {
     EXPECT_EQ(corrected("  Hello  "), "Hello");

@@ -4,6 +4,7 @@
 #include "ZemsubFix.h"
 #include "pictures/PictureCaptions.h"
 #include "pictures/PictureText.h"
+#include "samplegen/PgsWriter.h"
 
 #include <QFile>
 #include <gtest/gtest.h>
@@ -18,35 +19,19 @@ QByteArray readAll(const std::string& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-std::vector<TextPicture> knownCaptions()
-{
-    std::vector<TextPicture> captions(6);
-    captions[0] = {1000, 2000, "Hello, world!"};
-    captions[1] = {3500, 1500, "Where are you going?"};
-    captions[2] = {5500, 3000, "- Home, I think.\n- Wait for me!"};
-    captions[3] = {9000, 2000, "It's ten o'clock."};
-    captions[4] = {11500, 2500, "Nobody knows the answer."};
-    captions[4].family = "DejaVu Serif";
-    captions[4].pixelSize = 36;
-    captions[5] = {14500, 2000, "Look at the sky."};
-    captions[5].italic = true;
-    captions[5].pixelSize = 26;
-    return captions;
-}
-
 class PictureText : public ::testing::Test
 {
 protected:
     void SetUp() override
     {
         QString error;
-        m_captions = knownCaptions();
+        m_captions = zemsub::samplegen::sampleCaptions();
         m_file = makeTextPictureTrack(m_dir, m_captions, &error);
         ASSERT_FALSE(m_file.empty()) << error.toStdString();
     }
 
     TempDir m_dir;
-    std::vector<TextPicture> m_captions;
+    std::vector<CaptionText> m_captions;
     std::string m_file;
 };
 
@@ -61,14 +46,15 @@ TEST_F(PictureText, PicturesAreShownFromTheirStartToTheirStop)
         EXPECT_EQ(decoded.pictures[i].start, m_captions[i].start);
         EXPECT_EQ(decoded.pictures[i].end, dvdEnd(m_captions[i].start, m_captions[i].duration));
         // The decoder trims the transparent ground: the drawn pixels, where they were drawn.
-        const QImage drawn = drawTextPicture(m_captions[i]);
+        const QImage drawn = zemsub::samplegen::drawCaption(m_captions[i]);
         QRect box;
         for (int y = 0; y < drawn.height(); ++y)
             for (int x = 0; x < drawn.width(); ++x)
                 if (qAlpha(drawn.pixel(x, y)) == 255)
                     box |= QRect(x, y, 1, 1);
         EXPECT_EQ(decoded.pictures[i].image.size(), box.size());
-        EXPECT_EQ(decoded.pictures[i].position.y() + box.height(), 540 - drawn.height() + box.bottom() + 1);
+        EXPECT_EQ(decoded.pictures[i].position,
+                  zemsub::samplegen::dvdPosition(drawn.size()) + box.topLeft());
     }
 }
 
@@ -145,6 +131,75 @@ TEST_F(PictureText, TheOcrLanguageOptionOverridesTheTag)
     EXPECT_FALSE(report.readable);
     EXPECT_EQ(report.ocrLanguage, "zzz");
     EXPECT_TRUE(report.error.startsWith("no Tesseract data for zzz")) << report.error.toStdString();
+}
+
+TEST(PictureTextFormats, VobSubPairIsReadExactlyFromItsIndex)
+{
+    TempDir dir;
+    const std::vector<CaptionText> captions = zemsub::samplegen::sampleCaptions();
+    QString error;
+    const std::string index = makeTextVobSub(dir, captions, &error);
+    ASSERT_FALSE(index.empty()) << error.toStdString();
+    // FFmpeg finds the .sub beside the index by its path.
+    const zemsub::tool::PictureText read =
+        readPictureText(readAll(index), QString::fromStdString(index), 0, "eng");
+    ASSERT_TRUE(read.read) << read.failure.toStdString();
+    EXPECT_EQ(read.codec, "dvdsub");
+    ASSERT_EQ(read.captions.size(), captions.size());
+    for (size_t i = 0; i < captions.size(); ++i) {
+        SCOPED_TRACE(i);
+        EXPECT_EQ(read.captions[i].text, captions[i].text);
+        EXPECT_EQ(read.captions[i].start, captions[i].start);
+        EXPECT_EQ(read.captions[i].end, dvdEnd(captions[i].start, captions[i].duration));
+    }
+}
+
+TEST(PictureTextFormats, BlurayPicturesAreReadExactlyAndEndAtTheirClearing)
+{
+    TempDir dir;
+    const std::vector<CaptionText> captions = zemsub::samplegen::sampleCaptions();
+    const std::string sup = makeTextSup(dir, captions);
+    const PictureCaptions decoded = readPictureCaptions(readAll(sup), "movie.sup", -1);
+    ASSERT_TRUE(decoded.read) << decoded.failure.toStdString();
+    EXPECT_EQ(decoded.codec, "pgssub");
+    EXPECT_EQ(decoded.pictures.size(), captions.size());
+    const zemsub::tool::PictureText read = readPictureText(readAll(sup), "movie.sup", -1, "eng");
+    ASSERT_TRUE(read.read) << read.failure.toStdString();
+    ASSERT_EQ(read.captions.size(), captions.size());
+    for (size_t i = 0; i < captions.size(); ++i) {
+        SCOPED_TRACE(i);
+        EXPECT_EQ(read.captions[i].text, captions[i].text);
+        EXPECT_EQ(read.captions[i].start, captions[i].start);
+        EXPECT_EQ(read.captions[i].end, captions[i].start + captions[i].duration);
+    }
+}
+
+TEST(PictureTextFormats, APictureWithoutAClearingEndsAtTheNext)
+{
+    // Two pictures whose first is never cleared: it ends where the second shows.
+    TempDir dir;
+    std::vector<CaptionText> captions = zemsub::samplegen::sampleCaptions();
+    captions.resize(2);
+    std::vector<zemsub::samplegen::PgsPicture> pictures = zemsub::samplegen::blurayPictures(captions);
+    QByteArray first = zemsub::samplegen::writePgs({pictures[0]}, zemsub::samplegen::kBlurayFrame);
+    // Drop the clearing display set: composition, window and end segments at its end.
+    int clearing = 0;
+    for (int at = 0, seen = 0; at + 13 <= first.size();) {
+        const int size = (static_cast<unsigned char>(first[at + 11]) << 8) | static_cast<unsigned char>(first[at + 12]);
+        if (static_cast<unsigned char>(first[at + 10]) == 0x80 && ++seen == 1) {
+            clearing = at + 13 + size;
+            break;
+        }
+        at += 13 + size;
+    }
+    ASSERT_GT(clearing, 0);
+    first.truncate(clearing);
+    const QByteArray bytes = first + zemsub::samplegen::writePgs({pictures[1]}, zemsub::samplegen::kBlurayFrame);
+    const PictureCaptions decoded = readPictureCaptions(bytes, "movie.sup", -1);
+    ASSERT_TRUE(decoded.read) << decoded.failure.toStdString();
+    ASSERT_EQ(decoded.pictures.size(), 2u);
+    EXPECT_EQ(decoded.pictures[0].end, captions[1].start);
+    EXPECT_EQ(decoded.pictures[1].end, captions[1].start + captions[1].duration);
 }
 
 TEST(PictureTextInput, BytesThatAreNoVideoSayWhy)

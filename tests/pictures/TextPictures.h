@@ -1,37 +1,29 @@
 #ifndef ZEMSUB_TESTS_TEXTPICTURES_H
 #define ZEMSUB_TESTS_TEXTPICTURES_H
 
+#include "samplegen/CaptionPictures.h"
 #include "support/TestFiles.h"
 
-#include <QImage>
 #include <QString>
 #include <string>
 #include <vector>
 
-// A caption drawn as DVD subtitles draw text: a fill inside an outline on a
-// transparent ground, in four colours without smoothing.
-struct TextPicture
-{
-    long long start = 0;
-    long long duration = 0;
-    QString text; // lines separated by "\n"
-    QString family = QStringLiteral("DejaVu Sans");
-    int pixelSize = 30;
-    bool italic = false;
-    int outline = 2;
-};
-
-// The caption as an ARGB32 picture: white fill, black outline, transparent ground.
-QImage drawTextPicture(const TextPicture& picture);
+using zemsub::samplegen::CaptionText;
 
 // The end a DVD player gives a caption of this duration: the stop command
 // counts in units of 1024/90 ms.
 long long dvdEnd(long long start, long long duration);
 
-// A VobSub pair of the captions, written by tools/make-sample-sub.py into dir as
-// movie.idx and movie.sub, then muxed by ffmpeg into dir/pictures.mkv (track 0
-// the pictures, track 1 an English SubRip track). Empty, with the reason in
-// *error, when not made.
-std::string makeTextPictureTrack(const TempDir& dir, const std::vector<TextPicture>& captions, QString* error);
+// A VobSub pair of the captions (drawn in four colours), written by
+// tools/make-sample-sub.py into dir as movie.idx and movie.sub; the index's path,
+// or empty with the reason in *error.
+std::string makeTextVobSub(const TempDir& dir, const std::vector<CaptionText>& captions, QString* error);
+
+// The pair muxed by ffmpeg into dir/pictures.mkv (track 0 the pictures, track 1
+// an English SubRip track). Empty, with the reason in *error, when not made.
+std::string makeTextPictureTrack(const TempDir& dir, const std::vector<CaptionText>& captions, QString* error);
+
+// A Blu-ray .sup of the captions (as blurayPictures draws them) in dir: movie.sup.
+std::string makeTextSup(const TempDir& dir, const std::vector<CaptionText>& captions);
 
 #endif

@@ -1,10 +1,47 @@
 #include "OcrCorrections.h"
 
+#include <QFile>
 #include <QRegularExpression>
 
 namespace zemsub::tool {
 
-QString correctReading(const QString& line)
+namespace {
+
+// "L" or "I" read for "l" at the start of a word inside a sentence.
+QString lowerMistakenCapitals(const QString& text, const QSet<QString>& words)
+{
+    static const QRegularExpression word(QStringLiteral("(?<=[\\p{Ll},] )[LI]\\p{Ll}+\\b"));
+    QString fixed = text;
+    for (auto matches = word.globalMatch(text); matches.hasNext();) {
+        const QRegularExpressionMatch match = matches.next();
+        const QString read = match.captured();
+        const QString lower = QLatin1Char('l') + read.mid(1);
+        if (!words.contains(read) && words.contains(lower))
+            fixed.replace(match.capturedStart(), lower.size(), lower);
+    }
+    return fixed;
+}
+
+} // namespace
+
+const QSet<QString>& englishWords()
+{
+    static const QSet<QString> words = [] {
+        QSet<QString> list;
+        for (const char* path : {"/usr/share/dict/words", "/usr/share/dict/american-english"}) {
+            QFile file(QString::fromLatin1(path));
+            if (!file.open(QIODevice::ReadOnly))
+                continue;
+            while (!file.atEnd())
+                list.insert(QString::fromUtf8(file.readLine()).trimmed());
+            break;
+        }
+        return list;
+    }();
+    return words;
+}
+
+QString correctReading(const QString& line, const QSet<QString>* words)
 {
     QString text = line.trimmed();
 
@@ -27,6 +64,9 @@ QString correctReading(const QString& line)
 
     static const QRegularExpression dash(QStringLiteral("^[-\\x{2013}\\x{2014}]\\s*(?=\\S)"));
     text.replace(dash, QStringLiteral("- "));
+
+    if (words && !words->isEmpty())
+        text = lowerMistakenCapitals(text, *words);
     return text;
 }
 

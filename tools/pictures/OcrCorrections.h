@@ -1,6 +1,7 @@
 #ifndef ZEMSUB_PICTURES_OCRCORRECTIONS_H
 #define ZEMSUB_PICTURES_OCRCORRECTIONS_H
 
+#include <QSet>
 #include <QString>
 
 namespace zemsub::tool {
@@ -14,7 +15,14 @@ namespace zemsub::tool {
 //   without its space);
 // - no space before , . ! ? ; : (English usage);
 // - "0" between letters read as "O".
-QString correctReading(const QString& line);
+// - with a word list: a word read with a capital "L" or "I" inside a sentence
+//   whose lower-case form ("l...") is a word and its capital one is not
+//   ("The Lighthouse" -> "The lighthouse").
+QString correctReading(const QString& line, const QSet<QString>* words = nullptr);
+
+// The system's English word list (/usr/share/dict/words, from the wamerican
+// package), loaded once; empty when it is not installed.
+const QSet<QString>& englishWords();
 
 } // namespace zemsub::tool
 

@@ -1,6 +1,7 @@
 #include "PicturePrep.h"
 
 #include <QColor>
+#include <QHash>
 #include <QPainter>
 
 #include <algorithm>
@@ -11,13 +12,9 @@ namespace zemsub::tool {
 namespace {
 
 constexpr int kOpaque = 128;      // alpha from which a pixel counts as drawn
-constexpr double kApart = 40.0;   // grey levels between fill and outline for them to count as two
+constexpr double kInnerShare = 0.1; // at most this share of a fill colour's pixels touch the ground
+constexpr double kEdgeShare = 0.3;  // at least this share of an outline colour's pixels do
 constexpr int kMargin = 8;        // ground around a line, in scaled pixels
-
-int grey(QRgb pixel)
-{
-    return (qRed(pixel) * 299 + qGreen(pixel) * 587 + qBlue(pixel) * 114) / 1000;
-}
 
 bool drawn(const QImage& picture, int x, int y)
 {
@@ -42,37 +39,70 @@ struct Band
 
 } // namespace
 
+// The drawn pixels of one colour (each channel cut to 16 steps).
+struct ColourClass
+{
+    long long count = 0;
+    long long atEdge = 0;
+    double red = 0, green = 0, blue = 0; // sums
+    double edgeShare() const { return double(atEdge) / double(count); }
+    QRgb mean() const
+    {
+        return qRgb(int(red / double(count)), int(green / double(count)), int(blue / double(count)));
+    }
+};
+
+int distance(QRgb a, QRgb b)
+{
+    const int r = qRed(a) - qRed(b), g = qGreen(a) - qGreen(b), bl = qBlue(a) - qBlue(b);
+    return r * r + g * g + bl * bl;
+}
+
 QImage textFill(const QImage& source)
 {
     const QImage picture = source.convertToFormat(QImage::Format_ARGB32);
     QImage mask(picture.size(), QImage::Format_Grayscale8);
     mask.fill(255);
-    double edgeSum = 0, innerSum = 0;
-    long long edgeCount = 0, innerCount = 0;
+    QHash<int, ColourClass> classes;
+    long long drawnCount = 0;
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x) {
             if (!drawn(picture, x, y))
                 continue;
-            const int level = grey(picture.pixel(x, y));
-            if (atEdge(picture, x, y)) {
-                edgeSum += level;
-                ++edgeCount;
-            } else {
-                innerSum += level;
-                ++innerCount;
-            }
+            const QRgb pixel = picture.pixel(x, y);
+            ColourClass& colour = classes[((qRed(pixel) >> 4) << 8) | ((qGreen(pixel) >> 4) << 4) | (qBlue(pixel) >> 4)];
+            ++colour.count;
+            colour.atEdge += atEdge(picture, x, y);
+            colour.red += qRed(pixel);
+            colour.green += qGreen(pixel);
+            colour.blue += qBlue(pixel);
+            ++drawnCount;
         }
     }
-    const double edge = edgeCount ? edgeSum / double(edgeCount) : 0;
-    const double inner = innerCount ? innerSum / double(innerCount) : edge;
-    const bool outlined = edgeCount && innerCount && std::abs(inner - edge) >= kApart;
+    // The fill: the commonest colour that keeps away from the ground. The
+    // outline and shadow: the colours that lie along it.
+    const ColourClass* fill = nullptr;
+    std::vector<QRgb> edges;
+    for (const ColourClass& colour : classes) {
+        if (colour.edgeShare() < kInnerShare && (!fill || colour.count > fill->count))
+            fill = &colour;
+        if (colour.edgeShare() >= kEdgeShare && colour.count * 50 >= drawnCount)
+            edges.push_back(colour.mean());
+    }
+    const QRgb fillColour = fill ? fill->mean() : 0;
     for (int y = 0; y < picture.height(); ++y) {
         uchar* row = mask.scanLine(y);
         for (int x = 0; x < picture.width(); ++x) {
             if (!drawn(picture, x, y))
                 continue;
-            const int level = grey(picture.pixel(x, y));
-            if (!outlined || std::abs(level - inner) < std::abs(level - edge))
+            bool text = true;
+            if (fill) {
+                const QRgb pixel = picture.pixel(x, y);
+                const int toFill = distance(pixel, fillColour);
+                for (QRgb edge : edges)
+                    text = text && toFill < distance(pixel, edge);
+            }
+            if (text)
                 row[x] = 0;
         }
     }

@@ -22,13 +22,13 @@ struct Reading
     int confidence = 100;
 };
 
-Reading readPicture(TextReader& reader, const QImage& picture)
+Reading readPicture(TextReader& reader, const QImage& picture, const QSet<QString>* words)
 {
     Reading reading;
     QStringList lines;
     for (const QImage& line : textLines(textFill(picture))) {
         const ReadLine read = reader.read(line);
-        const QString text = correctReading(read.text);
+        const QString text = correctReading(read.text, words);
         if (text.isEmpty())
             continue;
         lines << text;
@@ -69,6 +69,8 @@ PictureText readPictures(const std::vector<ShownPicture>& pictures, const QStrin
         }
     }
     result.distinct = int(distinct.size());
+    // The word list helps English only.
+    const QSet<QString>* words = language == QLatin1String("eng") ? &englishWords() : nullptr;
 
     std::vector<Reading> readings(distinct.size());
     std::atomic<size_t> next{0};
@@ -84,7 +86,7 @@ PictureText readPictures(const std::vector<ShownPicture>& pictures, const QStrin
                 return;
             }
             for (size_t i = next++; i < distinct.size(); i = next++)
-                readings[i] = readPicture(reader, *distinct[i]);
+                readings[i] = readPicture(reader, *distinct[i], words);
         });
     }
     for (std::thread& thread : threads)

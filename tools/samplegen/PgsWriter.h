@@ -1,0 +1,35 @@
+#ifndef ZEMSUB_SAMPLEGEN_PGSWRITER_H
+#define ZEMSUB_SAMPLEGEN_PGSWRITER_H
+
+#include "CaptionPictures.h"
+
+#include <QByteArray>
+#include <QImage>
+#include <QPoint>
+#include <QSize>
+#include <vector>
+
+namespace zemsub::samplegen {
+
+// One picture of a Blu-ray subtitle stream, shown from start to end.
+struct PgsPicture
+{
+    long long start = 0; // milliseconds
+    long long end = 0;   // milliseconds
+    QPoint position;     // top left on the frame
+    QImage image;        // ARGB32; its colours are cut to 255 and one transparent
+};
+
+// A .sup file: for each picture a display set (composition, window, palette,
+// object, end) at its start and a clearing one (a composition without objects)
+// at its end, times in 90 kHz ticks.
+QByteArray writePgs(const std::vector<PgsPicture>& pictures, QSize frame);
+
+// The captions as a Blu-ray disc draws them: smooth, one and a half times the
+// DVD size, centred 60 pixels above the bottom of a 1920x1080 frame.
+std::vector<PgsPicture> blurayPictures(const std::vector<CaptionText>& captions);
+constexpr QSize kBlurayFrame{1920, 1080};
+
+} // namespace zemsub::samplegen
+
+#endif
