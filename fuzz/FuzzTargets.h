@@ -23,7 +23,8 @@
     X(string_ops)                                                                                            \
     X(lint_reading)                                                                                          \
     X(fix)                                                                                                   \
-    X(tracks)
+    X(tracks)                                                                                                \
+    X(pictures)
 
 #define ZEMSUB_FUZZ_DECLARE(name) int fuzz_##name(const uint8_t* data, size_t size);
 ZEMSUB_FUZZ_TARGETS(ZEMSUB_FUZZ_DECLARE)

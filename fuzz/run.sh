@@ -48,7 +48,7 @@ python3 "$root/tools/make-quirk-set.py" "$generated/quirks" > /dev/null ||
 # Copies the files that suit a target into dir (the manager's inputs start
 # with the byte that picks the file name: 0x00 ".srt", 0x33 ".ass", 0x44 ".ssa"; lint_reading's
 # and fix's with 0x00 ".srt", 0x01 ".ass", 0x02 ".ssa", no encoding forced, a SubRip copy;
-# tracks' with 0x00 ".mkv", 0x02 ".srt", the player's choice).
+# tracks' with 0x00 ".mkv", 0x02 ".srt", the player's choice; pictures' with 0x00 ".sup", 0x01 ".mkv").
 sample_seeds() {
   local t=$1 dir=$2 f name
   mkdir -p "$dir"
@@ -66,6 +66,8 @@ sample_seeds() {
       lint_reading:*.ssa|fix:*.ssa) { printf '\x02'; cat "$f"; } > "$dir/$name" ;;
       tracks:*.mkv) { printf '\x00'; cat "$f"; } > "$dir/$name" ;;
       tracks:*.srt) { printf '\x02'; cat "$f"; } > "$dir/$name" ;;
+      pictures:*.sup) { printf '\x00'; cat "$f"; } > "$dir/$name" ;;
+      pictures:*.mkv) { printf '\x01'; cat "$f"; } > "$dir/$name" ;;
     esac
   done
 }

@@ -279,11 +279,11 @@ TEST_F(TracksCommand, AScriptTrackCopiedAsAssKeepsItsStyles)
     EXPECT_NE(bytes.find(std::string(",,C\xc5\x93ur\n")), std::string::npos) << bytes;
 }
 
-TEST_F(TracksCommand, APictureTrackIsListedAsSuchAndNotFixedAsText)
+TEST_F(TracksCommand, APictureTrackIsListedAsSuchAndReadAsTextWhenTaken)
 {
     QString error;
     const std::string file =
-        makePictureFile(*dir, sample(QStringLiteral("vobsub.idx")).toStdString(), &error);
+        makePictureFile(*dir, sample(QStringLiteral("words.idx")).toStdString(), &error);
     ASSERT_TRUE(error.isEmpty()) << error.toStdString();
     const RunResult listed = runZemsub({QStringLiteral("tracks"), qs(file), QStringLiteral("--json")});
     ASSERT_EQ(listed.exitCode, 0) << listed.err.toStdString();
@@ -301,14 +301,19 @@ TEST_F(TracksCommand, APictureTrackIsListedAsSuchAndNotFixedAsText)
     EXPECT_EQ(json(player)["track"]["index"], 1);
     EXPECT_EQ(json(player)["track"]["reason"], "first text track");
 
+    // Asked for, the picture track is read as text, in the language of its tag ("en").
     const RunResult pictures =
         runZemsub({QStringLiteral("fix"), qs(file), QStringLiteral("-o"), qs(dir->file("pic0.srt")),
-                   QStringLiteral("--track"), QStringLiteral("0")});
-    EXPECT_EQ(pictures.exitCode, 1);
-    EXPECT_TRUE(pictures.err.contains(qs(file) +
-                                      QStringLiteral(": cannot fix: its subtitles are pictures, not text")))
-        << pictures.err.toStdString();
-    EXPECT_FALSE(QFile::exists(qs(dir->file("pic0.srt"))));
+                   QStringLiteral("--track"), QStringLiteral("0"), QStringLiteral("--json")});
+    ASSERT_EQ(pictures.exitCode, 0) << pictures.err.toStdString();
+    const nlohmann::json read = json(pictures);
+    EXPECT_EQ(read["track"]["index"], 0);
+    EXPECT_EQ(read["track"]["readAs"], "eng");
+    ASSERT_EQ(read["outcomes"].size(), 8u);
+    EXPECT_EQ(read["outcomes"][0]["written"], "Hello, world!");
+    EXPECT_EQ(read["outcomes"][0]["start"], 1000);
+    EXPECT_EQ(read["outcomes"][2]["written"], "- Home, I think.\n- Wait for me!");
+    EXPECT_TRUE(QFile::exists(qs(dir->file("pic0.srt"))));
 }
 
 TEST_F(TracksCommand, TracksAreCountedAmongTheSubtitleStreamsOnly)

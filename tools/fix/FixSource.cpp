@@ -73,10 +73,10 @@ QString withoutDrawing(const QString& raw)
 
 // A picture track read as text: one caption per picture shown.
 void readPictures(SourceFile& source, const QByteArray& bytes, const QString& fileName, int track,
-                  const QString& language)
+                  const QString& language, const std::function<void(int, int)>& progress)
 {
     using namespace zemsub::tool;
-    const PictureText read = readPictureText(bytes, fileName, track, language);
+    const PictureText read = readPictureText(bytes, fileName, track, language, progress);
     source.ocrLanguage = language;
     if (!read.read) {
         source.error = read.failure;
@@ -99,7 +99,8 @@ void readPictures(SourceFile& source, const QByteArray& bytes, const QString& fi
 } // namespace
 
 SourceFile readSource(const QByteArray& bytes, const QString& fileName, const QString& forcedEncoding,
-                      int track, const QString& language, const QString& ocrLanguage)
+                      int track, const QString& language, const QString& ocrLanguage,
+                      const std::function<void(int, int)>& pictureProgress)
 {
     using namespace zemsub::tool;
     SourceFile source;
@@ -127,7 +128,7 @@ SourceFile readSource(const QByteArray& bytes, const QString& fileName, const QS
     if (written.pictures) {
         const QString tag = tracks.tracks[size_t(choice.index)].language;
         readPictures(source, bytes, fileName, choice.index,
-                     ocrLanguage.isEmpty() ? tesseractLanguage(tag) : ocrLanguage);
+                     ocrLanguage.isEmpty() ? tesseractLanguage(tag) : ocrLanguage, pictureProgress);
         return source;
     }
     source.readable = true;

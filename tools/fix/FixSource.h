@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <functional>
 #include <vector>
 
 namespace zemsubfix {
@@ -41,7 +42,8 @@ struct SourceFile
 // the language of its tag.
 SourceFile readSource(const QByteArray& bytes, const QString& fileName, const QString& forcedEncoding,
                       int track = -1, const QString& language = QString(),
-                      const QString& ocrLanguage = QString());
+                      const QString& ocrLanguage = QString(),
+                      const std::function<void(int, int)>& pictureProgress = nullptr);
 
 } // namespace zemsubfix
 

@@ -120,7 +120,8 @@ FixReport fixBuffer(const QByteArray& bytes, const QString& fileName, const FixO
     FixReport report;
     report.format = options.format;
     SourceFile source =
-        readSource(bytes, fileName, options.encoding, options.track, options.language, options.ocrLanguage);
+        readSource(bytes, fileName, options.encoding, options.track, options.language, options.ocrLanguage,
+                   options.pictureProgress);
     report.track = source.track;
     report.trackReason = source.trackReason;
     report.trackSummary = source.trackSummary;

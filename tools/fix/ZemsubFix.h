@@ -19,6 +19,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <functional>
 #include <vector>
 
 namespace zemsubfix {
@@ -43,6 +44,9 @@ struct FixOptions
     QString language; // else the track of this language (as tagged, ISO 639-2): its default one, else its first
     QString ocrLanguage; // a picture track is read as text in this Tesseract language ("eng", "fra", ...);
                          // empty: the track's tag, English when untagged
+    // While a picture track is read: how many of its different pictures are read, of how many.
+    // Called from the reading threads, one call at a time, at most ten times a second.
+    std::function<void(int done, int total)> pictureProgress;
 };
 
 // One subtitle track of a file (a plain subtitle file is one track).

@@ -10,6 +10,8 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
+#include <mutex>
 #include <thread>
 
 namespace zemsub::tool {
@@ -42,7 +44,8 @@ Reading readPicture(TextReader& reader, const QImage& picture, const QSet<QStrin
 
 } // namespace
 
-PictureText readPictures(const std::vector<ShownPicture>& pictures, const QString& language)
+PictureText readPictures(const std::vector<ShownPicture>& pictures, const QString& language,
+                         const ReadingProgress& progress)
 {
     PictureText result;
     result.language = language;
@@ -74,6 +77,20 @@ PictureText readPictures(const std::vector<ShownPicture>& pictures, const QStrin
 
     std::vector<Reading> readings(distinct.size());
     std::atomic<size_t> next{0};
+    std::mutex progressLock;
+    int done = 0;
+    auto told = std::chrono::steady_clock::now();
+    auto tell = [&] {
+        if (!progress)
+            return;
+        const std::lock_guard<std::mutex> lock(progressLock);
+        ++done;
+        const auto now = std::chrono::steady_clock::now();
+        if (done == int(distinct.size()) || now - told >= std::chrono::milliseconds(100)) {
+            told = now;
+            progress(done, int(distinct.size()));
+        }
+    };
     std::atomic<bool> failed{false};
     const unsigned cores = std::max(1u, std::thread::hardware_concurrency());
     const unsigned workers = unsigned(std::min<size_t>(cores, std::max<size_t>(1, distinct.size())));
@@ -86,7 +103,10 @@ PictureText readPictures(const std::vector<ShownPicture>& pictures, const QStrin
                 return;
             }
             for (size_t i = next++; i < distinct.size(); i = next++)
+            {
                 readings[i] = readPicture(reader, *distinct[i], words);
+                tell();
+            }
         });
     }
     for (std::thread& thread : threads)
@@ -107,7 +127,8 @@ PictureText readPictures(const std::vector<ShownPicture>& pictures, const QStrin
     return result;
 }
 
-PictureText readPictureText(const QByteArray& bytes, const QString& fileName, int track, const QString& language)
+PictureText readPictureText(const QByteArray& bytes, const QString& fileName, int track, const QString& language,
+                            const ReadingProgress& progress)
 {
     const PictureCaptions decoded = readPictureCaptions(bytes, fileName, track);
     if (!decoded.read) {
@@ -115,7 +136,7 @@ PictureText readPictureText(const QByteArray& bytes, const QString& fileName, in
         result.failure = decoded.failure;
         return result;
     }
-    PictureText result = readPictures(decoded.pictures, language);
+    PictureText result = readPictures(decoded.pictures, language, progress);
     result.codec = decoded.codec;
     return result;
 }

@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <functional>
 #include <vector>
 
 namespace zemsub::tool {
@@ -32,13 +33,19 @@ struct PictureText
 // Below this confidence a caption's reading is worth a look.
 constexpr int kLowConfidence = 70;
 
+// Told how many of the distinct pictures have been read, from the reading
+// threads one at a time, at most every tenth of a second and once at the end.
+using ReadingProgress = std::function<void(int done, int total)>;
+
 // Reads the track-th subtitle track of bytes (FFmpeg decodes its pictures) as
 // text with Tesseract in language (a Tesseract name, see OcrLanguage.h), one
 // engine per core.
-PictureText readPictureText(const QByteArray& bytes, const QString& fileName, int track, const QString& language);
+PictureText readPictureText(const QByteArray& bytes, const QString& fileName, int track, const QString& language,
+                            const ReadingProgress& progress = nullptr);
 
 // The same for pictures already decoded.
-PictureText readPictures(const std::vector<ShownPicture>& pictures, const QString& language);
+PictureText readPictures(const std::vector<ShownPicture>& pictures, const QString& language,
+                         const ReadingProgress& progress = nullptr);
 
 } // namespace zemsub::tool
 

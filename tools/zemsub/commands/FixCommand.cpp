@@ -11,6 +11,10 @@
 #include <QFileInfo>
 #include <nlohmann/json.hpp>
 
+#include <unistd.h>
+
+#include <chrono>
+
 namespace zemsub::tool {
 
 namespace {
@@ -93,6 +97,25 @@ void printReport(const QString& input, const QString& output, const zemsubfix::F
                 .arg(formatTime(time)));
 }
 
+// "reading pictures: 120/1000, 10.4 a second, 1:25 left", rewritten in place on a terminal.
+std::function<void(int, int)> progressLine()
+{
+    const auto start = std::chrono::steady_clock::now();
+    return [start](int done, int total) {
+        const double seconds =
+            std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+        const double rate = seconds > 0 ? done / seconds : 0;
+        const long long left = rate > 0 ? (long long)((total - done) / rate + 0.5) : 0;
+        err(QStringLiteral("\rreading pictures: %1/%2, %3 a second, %4:%5 left%6")
+                .arg(done)
+                .arg(total)
+                .arg(rate, 0, 'f', 1)
+                .arg(left / 60)
+                .arg(left % 60, 2, 10, QLatin1Char('0'))
+                .arg(done == total ? QStringLiteral("\n") : QStringLiteral("  ")));
+    };
+}
+
 } // namespace
 
 int runFix(const QStringList& args)
@@ -157,6 +180,9 @@ int runFix(const QStringList& args)
     options.track = track;
     options.language = trackOptions.language();
     options.ocrLanguage = line.parser().value(ocrOption);
+    // Progress only for a person watching a terminal.
+    if (!line.parser().isSet(jsonOption) && isatty(STDERR_FILENO))
+        options.pictureProgress = progressLine();
     const zemsubfix::FixReport report = zemsubfix::fixFile(input, output, options);
     announceTrack(report.trackSummary);
     if (!report.readable)
