@@ -359,5 +359,47 @@ TEST(ZemsubRender, IndexWithoutItsSubOrWithAnUndecodablePacketDrawsThePlainFrame
     EXPECT_TRUE(render(damaged, "4000", {}).run.out.contains("\tpicture x=300 y=400 width=120 height=24\t"));
 }
 
+TEST(ZemsubRender, BlurayPicturesShowOnTheirFrameWhileTheyLast)
+{
+    const Rendered r = render(sample("words.sup"), "2000", {"--background", "#204060"});
+    EXPECT_EQ(r.run.exitCode, 0) << r.run.err.toStdString();
+    EXPECT_TRUE(r.run.out.startsWith("time 00:00:02,000\ttrack 0 (pgssub, 1920x1080)\tpicture x="))
+        << r.run.out.toStdString();
+    EXPECT_FALSE(r.run.out.contains("outside")) << r.run.out.toStdString();
+    ASSERT_EQ(r.image.size(), QSize(1920, 1080));
+    const QRect box = pixelsUnlike(r.image, kBackground, 0);
+    ASSERT_FALSE(box.isNull());
+    // Centred, 60 pixels above the bottom; white text is there.
+    EXPECT_NEAR(box.center().x(), 960, 4);
+    EXPECT_LE(box.bottom(), 1020);
+    EXPECT_GT(box.bottom(), 980);
+    EXPECT_FALSE(brightPixels(r.image, 230).isNull());
+
+    // Between the first picture's clearing (3000) and the second (3500) nothing shows.
+    const Rendered gap = render(sample("words.sup"), "3200", {"--background", "#204060"});
+    EXPECT_EQ(gap.run.exitCode, 0);
+    EXPECT_TRUE(gap.run.out.contains("\tpicture none (no picture is shown at this time)\t")) << gap.run.out.toStdString();
+    EXPECT_TRUE(pixelsUnlike(gap.image, kBackground, 0).isNull());
+}
+
+TEST(ZemsubRender, APictureTrackOfAVideoShowsAsItsIndexDoes)
+{
+    // tracks.mkv's track 2 holds the pictures of vobsub.idx.
+    const Rendered track = render(sample("tracks.mkv"), "1000", {"--track", "2", "--background", "#204060"});
+    EXPECT_EQ(track.run.exitCode, 0) << track.run.err.toStdString();
+    EXPECT_TRUE(track.run.out.contains("\ttrack 2 (dvdsub, 720x480)\tpicture x=300 y=400 width=96 height=24\t"))
+        << track.run.out.toStdString();
+    const Rendered index = render(sample("vobsub.idx"), "1000", {"--background", "#204060"});
+    EXPECT_EQ(track.image, index.image);
+
+    const Rendered text = render(sample("tracks.mkv"), "1000", {"--track", "0"});
+    EXPECT_EQ(text.run.exitCode, 1);
+    EXPECT_TRUE(text.run.err.contains("tracks.mkv: track 0 is subrip, not pictures")) << text.run.err.toStdString();
+    const Rendered bad = render(sample("tracks.mkv"), "1000", {"--track", "x"});
+    EXPECT_EQ(bad.run.exitCode, 2);
+    EXPECT_TRUE(bad.run.err.contains("render: --track wants a track number from 0, not \"x\""))
+        << bad.run.err.toStdString();
+}
+
 } // namespace
 #endif

@@ -154,5 +154,34 @@ TEST(ZemsubSheet, IndexWithoutASizeLineTilesTheFrameItsPicturesReach)
     EXPECT_EQ(QImage(out).size(), sheetSize(3, 3, QSize(1700, 940)));
 }
 
+TEST(ZemsubSheet, OneTilePerPictureOfABlurayTrackWithItsText)
+{
+    TempDir dir;
+    const QString out = qs(dir.file("sup.png"));
+    const RunResult result = runZemsub({"sheet", sample("words.sup"), "-o", out, "--text"});
+    EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
+    EXPECT_EQ(result.out, QString("tiles 8\tshown 8\twrote %1\n").arg(out));
+    EXPECT_EQ(QImage(out).size(), sheetSize(8, 4, QSize(1920, 1080)));
+
+    // The labels carry the text read: a sheet with it differs from one without.
+    const QString plain = qs(dir.file("plain.png"));
+    EXPECT_EQ(runZemsub({"sheet", sample("words.sup"), "-o", plain}).exitCode, 0);
+    const QImage withText(out);
+    const QImage without(plain);
+    ASSERT_EQ(withText.size(), without.size());
+    EXPECT_EQ(withText.copy(8, 28, 320, 180), without.copy(8, 28, 320, 180)); // the same frame
+    EXPECT_NE(withText.copy(8, 208, 320, 20), without.copy(8, 208, 320, 20)); // another label
+}
+
+TEST(ZemsubSheet, AnIndexWithTextIsReadThroughFfmpeg)
+{
+    TempDir dir;
+    const QString out = qs(dir.file("idx.png"));
+    const RunResult result = runZemsub({"sheet", sample("words.idx"), "-o", out, "--text", "--columns", "8"});
+    EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
+    EXPECT_EQ(result.out, QString("tiles 8\tshown 8\twrote %1\n").arg(out));
+    EXPECT_EQ(QImage(out).size(), sheetSize(8, 8, QSize(720, 576)));
+}
+
 } // namespace
 #endif

@@ -121,7 +121,7 @@ PictureText readPictures(const std::vector<ShownPicture>& pictures, const QStrin
         if (reading.text.isEmpty())
             continue;
         result.captions.push_back(
-            PictureCaption{pictures[i].start, pictures[i].end, reading.text, reading.confidence});
+            PictureCaption{pictures[i].start, pictures[i].end, reading.text, reading.confidence, int(i)});
     }
     result.read = true;
     return result;

@@ -17,6 +17,7 @@ struct PictureCaption
     long long end = 0;
     QString text;       // lines top to bottom, joined by "\n"
     int confidence = 0; // Tesseract's, the lowest of its lines (0 to 100)
+    int picture = 0;    // which of the pictures, from 0
 };
 
 struct PictureText

@@ -3,10 +3,12 @@
 
 #include "CommandLine.h"
 #include "TimeParser.h"
+#include "TrackOptions.h"
 #include "zemsub/frames/FrameRenderer.h"
 #include "zemsub/frames/LibraryView.h"
 #include "zemsub/pictures/IndexPictures.h"
 #include "zemsub/pictures/SubpictureFrame.h"
+#include "zemsub/pictures/TrackPictures.h"
 
 namespace zemsub::tool {
 
@@ -35,6 +37,25 @@ int renderIndex(const FileFacts& facts, long long time, RenderStyle style, const
     return ExitSuccess;
 }
 
+// A picture track (a .sup, a picture track of a video): the picture FFmpeg shows
+// at the time, laid on the track's frame.
+int renderTrack(const FileFacts& facts, int track, long long time, RenderStyle style, const QString& output)
+{
+    const TrackPictures pictures(facts.path, track);
+    if (!style.sizeGiven)
+        style.size = pictures.frameSize();
+    const DecodedSubpicture shown = pictures.at(time);
+    save(frameWithSubpicture(makeBackground(style), shown, pictures.frameSize()), output);
+    out(QStringLiteral("time %1	track %2 (%3, %4x%5)	picture %6	wrote %7\n")
+            .arg(formatTime(time))
+            .arg(pictures.track())
+            .arg(pictures.codec())
+            .arg(pictures.frameSize().width())
+            .arg(pictures.frameSize().height())
+            .arg(describeSubpicture(shown, pictures.frameSize()), output));
+    return ExitSuccess;
+}
+
 } // namespace
 
 int runRender(const QStringList& args)
@@ -46,11 +67,16 @@ int runRender(const QStringList& args)
                        "frame, so the caption stands at the frame's centre plus the record's x and y. "
                        "For a VobSub .idx (its .sub beside it): the packet the index reader cuts at TIME, "
                        "decoded by FFmpeg in the index's colours and laid on the index's frame at its "
-                       "position."));
+                       "position. For pictures the library does not open (a .sup, a picture track of "
+                       "a video): the picture FFmpeg shows at TIME, on the track's frame."));
     const QCommandLineOption outputOption({QStringLiteral("o"), QStringLiteral("output")},
                                           QStringLiteral("The PNG file to write."),
                                           QStringLiteral("OUT.png"));
+    const QCommandLineOption trackOption(QStringLiteral("track"),
+                                         QStringLiteral("The picture track to show, from 0 (default: the first)."),
+                                         QStringLiteral("N"));
     line.parser().addOption(outputOption);
+    line.parser().addOption(trackOption);
     StyleOptions styleOptions;
     styleOptions.addTo(line.parser());
     line.addPositional(QStringLiteral("file"), QStringLiteral("The subtitle file."));
@@ -66,9 +92,14 @@ int runRender(const QStringList& args)
         usageError(QStringLiteral("render: -o OUT.png is required"));
     const RenderStyle style = styleOptions.read(line.parser(), QStringLiteral("render"));
 
+    const int track = pictureTrackOption(line, trackOption, QStringLiteral("render"));
+
     const FileFacts facts = inspectFile(positionals.at(0));
-    if (isIndexPath(facts) && ManagerSession(facts.path).formatCode() == CodeNone)
+    const bool opened = ManagerSession(facts.path).formatCode() != CodeNone;
+    if (isIndexPath(facts) && !opened && track < 0)
         return renderIndex(facts, *time, style, output);
+    if (!opened || track >= 0)
+        return renderTrack(facts, track, *time, style, output);
     CaptionPlayer player(facts, style);
     const RenderedFrame frame = player.frameAt(*time);
     save(frame.image, output);

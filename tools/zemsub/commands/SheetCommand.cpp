@@ -3,13 +3,18 @@
 
 #include "CommandLine.h"
 #include "TimeParser.h"
+#include "TrackOptions.h"
 #include "zemsub/frames/FrameRenderer.h"
 #include "zemsub/frames/LibraryView.h"
 #include "zemsub/frames/SheetPainter.h"
 #include "zemsub/pictures/IndexPictures.h"
 #include "zemsub/pictures/SubpictureFrame.h"
+#include "zemsub/pictures/TrackPictures.h"
+#include "pictures/OcrLanguage.h"
+#include "pictures/PictureText.h"
 
 #include <algorithm>
+#include <map>
 
 namespace zemsub::tool {
 
@@ -150,6 +155,58 @@ int sheetOfIndex(const FileFacts& facts, const QString& output, long long every,
     });
 }
 
+// A picture track: one tile per picture at its start (or per step), the picture
+// FFmpeg shows then on the track's frame; with the text read from it when asked.
+int sheetOfTrack(const FileFacts& facts, int track, const QString& output, long long every, int columns,
+                 RenderStyle style, bool withText, const QString& ocrLanguage)
+{
+    const TrackPictures pictures(facts.path, track);
+    if (!style.sizeGiven)
+        style.size = pictures.frameSize();
+    std::vector<Tile> tiles;
+    if (every > 0) {
+        std::vector<IndexEntry> steps;
+        for (const ShownPicture& picture : pictures.pictures())
+            steps.push_back(IndexEntry{0, picture.start, 0});
+        if (!steps.empty())
+            steps.back().time = pictures.pictures().back().end;
+        tiles = indexStepTiles(steps, every);
+    } else {
+        if (pictures.pictures().size() > size_t(kMaxTiles))
+            usageError(QStringLiteral("sheet: the track holds %1 pictures; at most %2 tiles (use --every)")
+                           .arg(pictures.pictures().size())
+                           .arg(kMaxTiles));
+        for (size_t i = 0; i < pictures.pictures().size(); ++i)
+            tiles.push_back(Tile{pictures.pictures()[i].start,
+                                 QStringLiteral("#%1  %2").arg(i + 1).arg(formatTime(pictures.pictures()[i].start))});
+    }
+    // The text read from each picture, by its start.
+    std::map<long long, QString> texts;
+    if (withText) {
+        const QString language = ocrLanguage.isEmpty() ? tesseractLanguage(pictures.language()) : ocrLanguage;
+        const PictureText read = readPictures(pictures.pictures(), language);
+        if (!read.read)
+            fileError(facts.path, QStringLiteral("cannot read its pictures as text: %1").arg(read.failure));
+        for (const PictureCaption& caption : read.captions)
+            texts[pictures.pictures()[size_t(caption.picture)].start] = caption.text;
+    }
+    const QImage background = makeBackground(style);
+    return paintSheet(facts.path, output, style.size, tiles, columns, [&](long long time) {
+        const DecodedSubpicture shown = pictures.at(time);
+        SheetFrame frame;
+        frame.image = frameWithSubpicture(background, shown, pictures.frameSize());
+        const QString problem = subpictureProblem(shown, pictures.frameSize());
+        frame.shown = shown.decoded && problem.isEmpty();
+        frame.note = shown.decoded ? QString() : QStringLiteral("  (no picture)");
+        if (!problem.isEmpty())
+            frame.note += QStringLiteral("  (%1)").arg(problem);
+        const auto text = texts.find(time);
+        if (text != texts.end())
+            frame.note += QStringLiteral("  \"%1\"").arg(QString(text->second).replace(QLatin1Char('\n'), QStringLiteral(" / ")));
+        return frame;
+    });
+}
+
 } // namespace
 
 int runSheet(const QStringList& args)
@@ -160,7 +217,10 @@ int runSheet(const QStringList& args)
                        "--every, each rendered through ISubTitle as a player does, with its time "
                        "under it. Progress goes to stderr for long files. For a VobSub .idx (its "
                        ".sub beside it): one tile per subpicture, the packet the index reader cuts at "
-                       "its time decoded by FFmpeg on the index's frame, with its size and position."));
+                       "its time decoded by FFmpeg on the index's frame, with its size and position. "
+                       "For pictures the library does not open (a .sup, a picture track of a video, or "
+                       "an .idx with --text): one tile per picture as FFmpeg shows it, with --text the "
+                       "text read from it."));
     const QCommandLineOption outputOption({QStringLiteral("o"), QStringLiteral("output")},
                                           QStringLiteral("The PNG file to write."),
                                           QStringLiteral("SHEET.png"));
@@ -170,7 +230,16 @@ int runSheet(const QStringList& args)
         QStringLiteral("MS"));
     const QCommandLineOption columnsOption(QStringLiteral("columns"),
                                            QStringLiteral("Tiles per row (default 4)."), QStringLiteral("N"));
-    line.parser().addOptions({outputOption, everyOption, columnsOption});
+    const QCommandLineOption trackOption(QStringLiteral("track"),
+                                         QStringLiteral("The picture track to show, from 0 (default: the first)."),
+                                         QStringLiteral("N"));
+    const QCommandLineOption textOption(
+        QStringLiteral("text"),
+        QStringLiteral("Picture tracks: put the text read from each picture (Tesseract) under its tile."));
+    const QCommandLineOption ocrOption(QStringLiteral("ocr-language"),
+                                       QStringLiteral("Read the pictures in this Tesseract language (with --text)."),
+                                       QStringLiteral("LANG"));
+    line.parser().addOptions({outputOption, everyOption, columnsOption, trackOption, textOption, ocrOption});
     StyleOptions styleOptions;
     styleOptions.addTo(line.parser());
     line.addPositional(QStringLiteral("file"), QStringLiteral("The subtitle file."));
@@ -198,9 +267,16 @@ int runSheet(const QStringList& args)
     }
     const RenderStyle style = styleOptions.read(line.parser(), QStringLiteral("sheet"));
 
+    const int track = pictureTrackOption(line, trackOption, QStringLiteral("sheet"));
+    const bool withText = line.parser().isSet(textOption);
+
     const FileFacts facts = inspectFile(path);
-    if (isIndexPath(facts) && ManagerSession(path).formatCode() == CodeNone)
+    const bool opened = ManagerSession(path).formatCode() != CodeNone;
+    if (isIndexPath(facts) && !opened && track < 0 && !withText)
         return sheetOfIndex(facts, output, every, columns, style);
+    if (!opened || track >= 0 || withText)
+        return sheetOfTrack(facts, track, output, every, columns, style, withText,
+                            line.parser().value(ocrOption));
     CaptionPlayer player(facts, style);
     const StoredTimeline timeline = readStoredTimeline(path, ManagerSession(path).formatCode());
     const std::vector<Tile> tiles = every > 0 ? stepTiles(timeline, every) : captionTiles(timeline);

@@ -41,4 +41,16 @@ void announceTrack(const QString& summary)
         err(QStringLiteral("using %1\n").arg(summary));
 }
 
+int pictureTrackOption(SubcommandLine& line, const QCommandLineOption& option, const QString& command)
+{
+    if (!line.parser().isSet(option))
+        return -1;
+    bool ok = false;
+    const int track = line.parser().value(option).toInt(&ok);
+    if (!ok || track < 0)
+        usageError(QStringLiteral("%1: --track wants a track number from 0, not \"%2\"")
+                       .arg(command, line.parser().value(option)));
+    return track;
+}
+
 } // namespace zemsub::tool

@@ -24,6 +24,10 @@ private:
     QCommandLineOption m_language;
 };
 
+// render and sheet: the value of their --track option (a picture track), -1
+// when not given; anything but a number from 0 is a usage error.
+int pictureTrackOption(SubcommandLine& line, const QCommandLineOption& option, const QString& command);
+
 // Says on stderr which track was taken and why: "using track 1 (fre, default): subrip".
 void announceTrack(const QString& summary);
 
