@@ -81,7 +81,16 @@ mkdir -p out/tracks
 z fix samples/tracks.mkv -o out/tracks/default.srt
 z fix samples/tracks.mkv --language eng -o out/tracks/eng.srt
 z at out/tracks/default.srt 4500 23000
-z fix samples/tracks.mkv --track 2 -o out/tracks/pictures.srt
+
+section "Pictures read as text: a Blu-ray .sup and a DVD VobSub pair, decoded by FFmpeg, read by Tesseract"
+# samples/words.* are drawn from known text by tools/make-picture-samples.sh.
+mkdir -p out/pictures
+z tracks samples/words.sup
+z fix samples/words.sup -o out/pictures/words-sup.srt
+cat out/pictures/words-sup.srt
+z fix samples/words.idx -o out/pictures/words-idx.srt
+z render samples/words.sup 2000 -o "out/words-sup-2s.png"
+z sheet samples/words.sup --text -o "out/words-sup-sheet.png"
 
 if [[ -x $host ]]; then
   section "The example host: three seconds of play over a synthetic video"

@@ -555,12 +555,39 @@ TEST(ZemsubLint, WhatIsNeitherSubRipNorAScriptCannotBeLinted)
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_TRUE(result.err.contains("cannot lint"));
     EXPECT_EQ(lint(sample("vobsub.idx")).exitCode, 1);
-    // FFmpeg reads the VobSub packets, as pictures.
-    const Lint pictures = lint(sample("vobsub.sub"));
-    EXPECT_EQ(pictures.exitCode, 1);
-    EXPECT_TRUE(pictures.err.contains("vobsub.sub: cannot lint: FFmpeg reads it as "))
-        << pictures.err.toStdString();
-    EXPECT_TRUE(pictures.err.contains("drawn as pictures")) << pictures.err.toStdString();
+}
+
+TEST(ZemsubLint, PicturesAreReadAsTextAndNoneIsShownByTheLibrary)
+{
+    const Lint pictures = lint(sample("words.sup"));
+    ASSERT_EQ(pictures.exitCode, 3) << pictures.err.toStdString();
+    EXPECT_EQ(pictures.report["track"]["readAs"], "eng");
+    EXPECT_EQ(pictures.report["opened"], false);
+    ASSERT_EQ(pictures.report["written"].size(), 8u);
+    EXPECT_EQ(pictures.report["written"][0]["text"], "Hello, world!");
+    EXPECT_EQ(pictures.report["written"][0]["start"], 1000);
+    EXPECT_EQ(pictures.report["written"][0]["end"], 3000);
+    EXPECT_EQ(pictures.report["written"][7]["text"], "Then we walk.\nThe lighthouse is only six miles away.");
+    for (const nlohmann::json& caption : pictures.report["written"]) {
+        EXPECT_GE(caption["confidence"].get<int>(), 70);
+        EXPECT_EQ(caption["lowConfidence"], false);
+    }
+    // The library opens no .sup: every caption is a finding, for its extension.
+    EXPECT_EQ(flaggedCaptions(pictures), (std::vector<int>{1, 2, 3, 4, 5, 6, 7, 8}));
+    EXPECT_EQ(causesOf(pictures, 1), QStringList{"extension"});
+
+    const RunResult missing = runZemsub({"lint", sample("words.sup"), "--ocr-language", "zzz"});
+    EXPECT_EQ(missing.exitCode, 1);
+    EXPECT_TRUE(missing.err.contains("words.sup: cannot lint: no Tesseract data for zzz")) << missing.err.toStdString();
+}
+
+TEST(ZemsubLint, LowConfidenceIsSaidPerCaption)
+{
+    // The VobSub sample's pictures are bars, not letters: whatever is read, Tesseract doubts it.
+    const RunResult text = runZemsub({"lint", "--track", "2", sample("tracks.mkv")});
+    EXPECT_EQ(text.exitCode, 3) << text.err.toStdString();
+    EXPECT_TRUE(text.out.contains("  pictures read as text in eng (Tesseract)\n")) << text.out.toStdString();
+    EXPECT_TRUE(text.out.contains("  caption 1, 00:00:01,000: read with low confidence (")) << text.out.toStdString();
 }
 
 } // namespace

@@ -30,6 +30,7 @@ struct WrittenBlock
     QString event; // FFmpeg's decoded event: ReadOrder,Layer,Style,Name,MarginL,MarginR,MarginV,Effect,Text
     long long position = -1;  // FFmpeg's byte offset of the event's packet; -1 when unknown
     bool sourceFound = false; // the lines below were found in the file for this event
+    int confidence = -1;      // read from a picture: Tesseract's confidence, 0 to 100; -1 for text
 
     // The lines as they stand in the file.
     QStringList rawLines; // SubRip: the caption lines, trimmed; Script: the Text field
@@ -60,6 +61,8 @@ struct WrittenFile
     QString formatTitle;    // its long name: "SubRip subtitle", ...
     int refusedEvents = 0;  // events FFmpeg's decoder refused (text invalid in the encoding, ...)
     bool pictures = false;  // FFmpeg reads subtitles drawn as pictures (VobSub, PGS, ...): no blocks
+                            // unless they are read as text (readAs)
+    QString readAs;         // pictures read as text: the Tesseract language; empty otherwise
     int track = -1;         // the subtitle track read, from 0; -1: the one FFmpeg finds best
     bool utf8Track = false; // a Matroska or MP4 track: UTF-8 text, no lines of its own (blocks are events)
     QString scriptHeader;   // such a track's ASS/SSA header ([Script Info], styles), as stored beside it

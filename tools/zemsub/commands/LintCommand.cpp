@@ -4,6 +4,8 @@
 #include "CommandLine.h"
 #include "TrackOptions.h"
 #include "reading/FileBytes.h"
+#include "pictures/OcrLanguage.h"
+#include "pictures/PictureText.h"
 #include "reading/ReadWrittenFile.h"
 #include "reading/TrackChoice.h"
 #include "zemsub/frames/LibraryView.h"
@@ -19,8 +21,32 @@ namespace zemsub::tool {
 namespace {
 
 // The file as an FFmpeg-based player reads it; exit 1 naming the file when it cannot be read.
+// A picture track's pictures read as text: one caption per picture, its text
+// as a Matroska track's event carries it.
+void readPicturesAsText(WrittenFile& written, const QByteArray& bytes, const QString& path, int track,
+                        const QString& language)
+{
+    const PictureText read = readPictureText(bytes, path, track, language);
+    if (!read.read)
+        fileError(path, QStringLiteral("cannot lint: %1").arg(read.failure));
+    written.readAs = language;
+    written.utf8Track = true;
+    written.encoding = QStringLiteral("UTF-8");
+    int index = 0;
+    for (const PictureCaption& caption : read.captions) {
+        WrittenBlock block;
+        block.index = ++index;
+        block.start = caption.start;
+        block.end = caption.end;
+        block.text = caption.text;
+        block.event = QStringLiteral("0,0,Default,,0,0,0,,") + QString(caption.text).replace(QLatin1Char('\n'), QStringLiteral("\\N"));
+        block.confidence = caption.confidence;
+        written.blocks.push_back(block);
+    }
+}
+
 WrittenFile readWrittenSide(const QString& path, const QString& encoding, int track, const QString& language,
-                            TrackChoice& choice)
+                            const QString& ocrLanguage, TrackChoice& choice)
 {
     const FileBytes file(path);
     if (!file.opened())
@@ -40,8 +66,9 @@ WrittenFile readWrittenSide(const QString& path, const QString& encoding, int tr
     if (written.failed())
         fileError(path, QStringLiteral("cannot lint: %1").arg(written.failure));
     if (written.pictures)
-        fileError(path, QStringLiteral("cannot lint: FFmpeg reads it as %1, subtitles drawn as pictures")
-                            .arg(written.formatTitle));
+        readPicturesAsText(written, bytes, path, choice.index,
+                           ocrLanguage.isEmpty() ? tesseractLanguage(tracks.tracks[size_t(choice.index)].language)
+                                                 : ocrLanguage);
     return written;
 }
 
@@ -84,6 +111,12 @@ int runLint(const QStringList& args)
         QStringLiteral("Read the text as NAME (an iconv name) instead of guessing."), QStringLiteral("NAME"));
     line.parser().addOption(jsonOption);
     line.parser().addOption(encodingOption);
+    const QCommandLineOption ocrOption(
+        QStringLiteral("ocr-language"),
+        QStringLiteral("Read a picture track as text in this Tesseract language (eng, fra, deu, ...); "
+                       "by default the track's language, English when untagged."),
+        QStringLiteral("LANG"));
+    line.parser().addOption(ocrOption);
     const TrackOptions trackOptions(line);
     line.addPositional(QStringLiteral("file"),
                        QStringLiteral("A subtitle file (SubRip, ASS/SSA, WebVTT, ...)."));
@@ -97,8 +130,8 @@ int runLint(const QStringList& args)
     // The library first: its own failures (the wide script reader's thrown int) are reported as such.
     ManagerSession session(path);
     TrackChoice choice;
-    const WrittenFile written =
-        readWrittenSide(path, line.parser().value(encodingOption), track, trackOptions.language(), choice);
+    const WrittenFile written = readWrittenSide(path, line.parser().value(encodingOption), track,
+                                                trackOptions.language(), line.parser().value(ocrOption), choice);
     const LibrarySide library = readLibrarySide(path, session);
     const std::vector<Probe> probes = probeLibrary(written, session);
 

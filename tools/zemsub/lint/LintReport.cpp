@@ -5,6 +5,8 @@
 #include "zemsub/frames/LibraryView.h"
 #include "zemsub/frames/TextForm.h"
 
+#include "pictures/PictureText.h"
+
 #include <nlohmann/json.hpp>
 
 namespace zemsub::tool {
@@ -100,15 +102,23 @@ void printLintJson(const LintReport& report)
     }
     nlohmann::ordered_json blocks = nlohmann::ordered_json::array();
     for (const WrittenBlock& block : written.blocks) {
-        blocks.push_back({{"caption", block.index},
-                          {"line", block.line},
-                          {"start", block.start},
-                          {"end", block.end},
-                          {"text", block.text.toStdString()}});
+        nlohmann::ordered_json item{{"caption", block.index},
+                                    {"line", block.line},
+                                    {"start", block.start},
+                                    {"end", block.end},
+                                    {"text", block.text.toStdString()}};
+        if (block.confidence >= 0) {
+            item["confidence"] = block.confidence;
+            item["lowConfidence"] = block.confidence < kLowConfidence;
+        }
+        blocks.push_back(item);
     }
+    nlohmann::ordered_json track{{"index", report.track}, {"reason", report.trackReason.toStdString()}};
+    if (!written.readAs.isEmpty())
+        track["readAs"] = written.readAs.toStdString();
     const nlohmann::ordered_json doc = {
         {"file", report.path.toStdString()},
-        {"track", {{"index", report.track}, {"reason", report.trackReason.toStdString()}}},
+        {"track", track},
         {"kind", kindCode(written.kind)},
         {"ffmpegFormat", written.format.toStdString()},
         {"encoding", written.encoding.toStdString()},
@@ -138,6 +148,16 @@ void printLintText(const LintReport& report)
             .arg(report.findings.empty()
                      ? QStringLiteral("all shown as written")
                      : QStringLiteral("%1 not shown as written").arg(report.findings.size())));
+    if (!written.readAs.isEmpty())
+        out(QStringLiteral("  pictures read as text in %1 (Tesseract)\n").arg(written.readAs));
+    for (const WrittenBlock& block : written.blocks) {
+        if (block.confidence >= 0 && block.confidence < kLowConfidence)
+            out(QStringLiteral("  caption %1, %2: read with low confidence (%3): \"%4\"\n")
+                    .arg(block.index)
+                    .arg(formatTime(block.start))
+                    .arg(block.confidence)
+                    .arg(escaped(block.text)));
+    }
     for (const Finding& finding : report.findings) {
         const WrittenBlock& block = written.blocks[size_t(finding.block)];
         out(QStringLiteral("\ncaption %1, line %2, %3 --> %4\n")
