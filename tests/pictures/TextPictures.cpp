@@ -18,20 +18,8 @@ long long dvdEnd(long long start, long long duration)
 std::string makeTextVobSub(const TempDir& dir, const std::vector<CaptionText>& captions, QString* error)
 {
     const QString folder = QString::fromStdString(dir.path());
-    QString listing;
-    for (size_t i = 0; i < captions.size(); ++i) {
-        const QImage image = drawCaption(captions[i]);
-        const std::string name = "caption-" + std::to_string(i) + ".pgm";
-        dir.write(name, dvdBitmap(image).toStdString());
-        const QPoint position = dvdPosition(image.size());
-        listing += QStringLiteral("%1 %2 %3 %4 %5\n")
-                       .arg(captions[i].start)
-                       .arg(captions[i].duration)
-                       .arg(position.x())
-                       .arg(position.y())
-                       .arg(QString::fromStdString(name));
-    }
-    dir.write("captions.txt", listing.toStdString());
+    if (!writeDvdBitmaps(folder, captions, error))
+        return std::string();
     const QString python = QStandardPaths::findExecutable(QStringLiteral("python3"));
     if (python.isEmpty()) {
         *error = QStringLiteral("python3 is not installed");

@@ -1,5 +1,7 @@
 #include "CaptionPictures.h"
 
+#include <QDir>
+#include <QFile>
 #include <QFont>
 #include <QFontMetrics>
 #include <QPainter>
@@ -66,6 +68,38 @@ QByteArray dvdBitmap(const QImage& picture)
         }
     }
     return pgm;
+}
+
+bool writeDvdBitmaps(const QString& folder, const std::vector<CaptionText>& captions, QString* error)
+{
+    auto write = [error](const QString& path, const QByteArray& bytes) {
+        QFile file(path);
+        if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size())
+            return true;
+        *error = QStringLiteral("cannot write %1").arg(path);
+        return false;
+    };
+    const QDir dir(folder);
+    if (!QDir().mkpath(folder)) {
+        *error = QStringLiteral("cannot make %1").arg(folder);
+        return false;
+    }
+    QByteArray listing;
+    for (size_t i = 0; i < captions.size(); ++i) {
+        const QImage image = drawCaption(captions[i]);
+        const QString name = QStringLiteral("caption-%1.pgm").arg(i);
+        if (!write(dir.filePath(name), dvdBitmap(image)))
+            return false;
+        const QPoint position = dvdPosition(image.size());
+        listing += QStringLiteral("%1 %2 %3 %4 %5\n")
+                       .arg(captions[i].start)
+                       .arg(captions[i].duration)
+                       .arg(position.x())
+                       .arg(position.y())
+                       .arg(name)
+                       .toUtf8();
+    }
+    return write(dir.filePath(QStringLiteral("captions.txt")), listing);
 }
 
 QPoint dvdPosition(QSize picture)

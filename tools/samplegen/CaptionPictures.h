@@ -32,6 +32,11 @@ QImage drawCaption(const CaptionText& caption);
 // --bitmaps: 0 ground, 1 fill (light), 2 outline (dark), 3 shadow (between).
 QByteArray dvdBitmap(const QImage& picture);
 
+// Writes each caption's DVD bitmap (caption-N.pgm) and their listing (captions.txt,
+// "START_MS DURATION_MS X Y FILE" per line) into folder, for tools/make-sample-sub.py
+// --bitmaps. False, with the reason in *error, when a file cannot be written.
+bool writeDvdBitmaps(const QString& folder, const std::vector<CaptionText>& captions, QString* error);
+
 // Where a DVD picture of this size sits: centred, its bottom at line 540 of a 720x576 frame.
 QPoint dvdPosition(QSize picture);
 constexpr QSize kDvdFrame{720, 576};

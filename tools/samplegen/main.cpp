@@ -61,26 +61,9 @@ int main(int argc, char** argv)
             return fail(QStringLiteral("cannot write %1").arg(parser.value(supOption)));
     }
     if (parser.isSet(dvdOption)) {
-        const QDir dir(parser.value(dvdOption));
-        if (!QDir().mkpath(dir.path()))
-            return fail(QStringLiteral("cannot make %1").arg(dir.path()));
-        QByteArray listing;
-        for (size_t i = 0; i < captions.size(); ++i) {
-            const QImage image = drawCaption(captions[i]);
-            const QString name = QStringLiteral("caption-%1.pgm").arg(i);
-            if (!writeFile(dir.filePath(name), dvdBitmap(image)))
-                return fail(QStringLiteral("cannot write %1").arg(dir.filePath(name)));
-            const QPoint position = dvdPosition(image.size());
-            listing += QStringLiteral("%1 %2 %3 %4 %5\n")
-                           .arg(captions[i].start)
-                           .arg(captions[i].duration)
-                           .arg(position.x())
-                           .arg(position.y())
-                           .arg(name)
-                           .toUtf8();
-        }
-        if (!writeFile(dir.filePath(QStringLiteral("captions.txt")), listing))
-            return fail(QStringLiteral("cannot write %1").arg(dir.filePath(QStringLiteral("captions.txt"))));
+        QString error;
+        if (!writeDvdBitmaps(parser.value(dvdOption), captions, &error))
+            return fail(error);
     }
     if (parser.isSet(textOption)) {
         QByteArray srt;

@@ -139,11 +139,7 @@ int runFix(const QStringList& args)
     line.parser().addOption(outputOption);
     line.parser().addOption(jsonOption);
     line.parser().addOption(encodingOption);
-    const QCommandLineOption ocrOption(
-        QStringLiteral("ocr-language"),
-        QStringLiteral("Read a picture track as text in this Tesseract language (eng, fra, deu, ...); "
-                       "by default the track's language, English when untagged."),
-        QStringLiteral("LANG"));
+    const QCommandLineOption ocrOption = ocrLanguageOption();
     line.parser().addOption(inPlaceOption);
     line.parser().addOption(ocrOption);
     const TrackOptions trackOptions(line);

@@ -111,11 +111,7 @@ int runLint(const QStringList& args)
         QStringLiteral("Read the text as NAME (an iconv name) instead of guessing."), QStringLiteral("NAME"));
     line.parser().addOption(jsonOption);
     line.parser().addOption(encodingOption);
-    const QCommandLineOption ocrOption(
-        QStringLiteral("ocr-language"),
-        QStringLiteral("Read a picture track as text in this Tesseract language (eng, fra, deu, ...); "
-                       "by default the track's language, English when untagged."),
-        QStringLiteral("LANG"));
+    const QCommandLineOption ocrOption = ocrLanguageOption();
     line.parser().addOption(ocrOption);
     const TrackOptions trackOptions(line);
     line.addPositional(QStringLiteral("file"),

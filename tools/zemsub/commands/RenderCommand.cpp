@@ -98,7 +98,7 @@ int runRender(const QStringList& args)
     const bool opened = ManagerSession(facts.path).formatCode() != CodeNone;
     if (isIndexPath(facts) && !opened && track < 0)
         return renderIndex(facts, *time, style, output);
-    if (!opened || track >= 0)
+    if (track >= 0 || (!opened && TrackPictures::holdsPictures(facts.path)))
         return renderTrack(facts, track, *time, style, output);
     CaptionPlayer player(facts, style);
     const RenderedFrame frame = player.frameAt(*time);

@@ -236,9 +236,7 @@ int runSheet(const QStringList& args)
     const QCommandLineOption textOption(
         QStringLiteral("text"),
         QStringLiteral("Picture tracks: put the text read from each picture (Tesseract) under its tile."));
-    const QCommandLineOption ocrOption(QStringLiteral("ocr-language"),
-                                       QStringLiteral("Read the pictures in this Tesseract language (with --text)."),
-                                       QStringLiteral("LANG"));
+    const QCommandLineOption ocrOption = ocrLanguageOption();
     line.parser().addOptions({outputOption, everyOption, columnsOption, trackOption, textOption, ocrOption});
     StyleOptions styleOptions;
     styleOptions.addTo(line.parser());
@@ -274,7 +272,7 @@ int runSheet(const QStringList& args)
     const bool opened = ManagerSession(path).formatCode() != CodeNone;
     if (isIndexPath(facts) && !opened && track < 0 && !withText)
         return sheetOfIndex(facts, output, every, columns, style);
-    if (!opened || track >= 0 || withText)
+    if (track >= 0 || withText || (!opened && TrackPictures::holdsPictures(path)))
         return sheetOfTrack(facts, track, output, every, columns, style, withText,
                             line.parser().value(ocrOption));
     CaptionPlayer player(facts, style);

@@ -41,6 +41,15 @@ void announceTrack(const QString& summary)
         err(QStringLiteral("using %1\n").arg(summary));
 }
 
+QCommandLineOption ocrLanguageOption()
+{
+    return QCommandLineOption(
+        QStringLiteral("ocr-language"),
+        QStringLiteral("Read a picture track as text in this Tesseract language (eng, fra, deu, ...); "
+                       "by default the track's language, English when untagged."),
+        QStringLiteral("LANG"));
+}
+
 int pictureTrackOption(SubcommandLine& line, const QCommandLineOption& option, const QString& command)
 {
     if (!line.parser().isSet(option))

@@ -24,6 +24,9 @@ private:
     QCommandLineOption m_language;
 };
 
+// --ocr-language LANG: the Tesseract language picture tracks are read in (fix, lint, sheet --text).
+QCommandLineOption ocrLanguageOption();
+
 // render and sheet: the value of their --track option (a picture track), -1
 // when not given; anything but a number from 0 is a usage error.
 int pictureTrackOption(SubcommandLine& line, const QCommandLineOption& option, const QString& command);

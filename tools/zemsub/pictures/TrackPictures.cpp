@@ -46,6 +46,19 @@ TrackPictures::TrackPictures(const QString& path, int track)
                                            picture.position.y() + picture.image.height()));
 }
 
+bool TrackPictures::holdsPictures(const QString& path)
+{
+    const FileBytes input(path);
+    if (!input.opened())
+        return false;
+    const TrackList list = listSubtitleTracks(input.bytes(), path);
+    for (const SubtitleTrack& track : list.tracks) {
+        if (track.pictures)
+            return true;
+    }
+    return false;
+}
+
 DecodedSubpicture TrackPictures::asSubpicture(const ShownPicture& picture)
 {
     DecodedSubpicture subpicture;

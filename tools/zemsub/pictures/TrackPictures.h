@@ -21,6 +21,9 @@ public:
     // cannot read it, it has no picture track, or track is no picture track.
     TrackPictures(const QString& path, int track);
 
+    // Whether FFmpeg reads the file and finds a picture track in it.
+    static bool holdsPictures(const QString& path);
+
     int track() const { return m_track; }
     const QString& codec() const { return m_pictures.codec; }
     // The track's language as tagged; empty when untagged.
