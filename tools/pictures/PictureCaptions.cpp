@@ -8,8 +8,8 @@ extern "C" {
 #include <libavutil/mathematics.h>
 }
 
-#include <QPainter>
 #include <QRect>
+#include <QVector>
 
 #include <cstdint>
 #include <memory>
@@ -23,6 +23,9 @@ namespace {
 constexpr long long kLastPictureMs = 5000;
 // Pictures larger than this are not drawn (a damaged packet can claim any size).
 constexpr int kLargestSide = 8192;
+// The pixels kept of a whole track: a film's thousands of captions stay far
+// below; damaged data that claims more is refused rather than filling memory.
+constexpr long long kMostPixels = 1LL << 30;
 
 struct CodecCloser
 {
@@ -34,27 +37,61 @@ struct PacketFreer
     void operator()(AVPacket* packet) const { av_packet_free(&packet); }
 };
 
+bool usable(const AVSubtitleRect* rect)
+{
+    return rect && rect->type == SUBTITLE_BITMAP && rect->w > 0 && rect->h > 0 && rect->w <= kLargestSide &&
+           rect->h <= kLargestSide && rect->data[0] && rect->data[1];
+}
+
+// One rectangle as it is: its pixel codes and its palette (the common case, a
+// quarter of the memory of colours).
+QImage indexedPicture(const AVSubtitleRect& rect, bool& visible)
+{
+    const auto* palette = reinterpret_cast<const uint32_t*>(rect.data[1]);
+    const int colours = rect.nb_colors > 0 && rect.nb_colors <= 256 ? rect.nb_colors : 256;
+    QImage image(rect.w, rect.h, QImage::Format_Indexed8);
+    QVector<QRgb> table(256, qRgba(0, 0, 0, 0));
+    for (int i = 0; i < colours; ++i)
+        table[i] = palette[i];
+    image.setColorTable(table);
+    for (int y = 0; y < rect.h; ++y) {
+        const uint8_t* row = rect.data[0] + size_t(y) * size_t(rect.linesize[0]);
+        uchar* target = image.scanLine(y);
+        for (int x = 0; x < rect.w; ++x) {
+            target[x] = row[x];
+            visible = visible || (row[x] < colours && (palette[row[x]] >> 24) != 0);
+        }
+    }
+    return image;
+}
+
 // The rectangles of a decoded subtitle drawn on one picture that holds them all.
 std::optional<ShownPicture> drawRects(const AVSubtitle& subtitle)
 {
     QRect bounds;
+    int rects = 0;
+    const AVSubtitleRect* only = nullptr;
     for (unsigned i = 0; i < subtitle.num_rects; ++i) {
-        const AVSubtitleRect* rect = subtitle.rects[i];
-        if (rect && rect->type == SUBTITLE_BITMAP && rect->w > 0 && rect->h > 0 && rect->w <= kLargestSide &&
-            rect->h <= kLargestSide && rect->data[0] && rect->data[1])
-            bounds |= QRect(rect->x, rect->y, rect->w, rect->h);
+        if (usable(subtitle.rects[i])) {
+            bounds |= QRect(subtitle.rects[i]->x, subtitle.rects[i]->y, subtitle.rects[i]->w, subtitle.rects[i]->h);
+            only = subtitle.rects[i];
+            ++rects;
+        }
     }
     if (bounds.isEmpty() || bounds.width() > kLargestSide || bounds.height() > kLargestSide)
         return std::nullopt;
     ShownPicture shown;
     shown.position = bounds.topLeft();
+    bool visible = false;
+    if (rects == 1) {
+        shown.image = indexedPicture(*only, visible);
+        return visible ? std::optional<ShownPicture>(std::move(shown)) : std::nullopt;
+    }
     shown.image = QImage(bounds.size(), QImage::Format_ARGB32);
     shown.image.fill(Qt::transparent);
-    bool visible = false;
     for (unsigned i = 0; i < subtitle.num_rects; ++i) {
         const AVSubtitleRect* rect = subtitle.rects[i];
-        if (!rect || rect->type != SUBTITLE_BITMAP || rect->w <= 0 || rect->h <= 0 || rect->w > kLargestSide ||
-            rect->h > kLargestSide || !rect->data[0] || !rect->data[1])
+        if (!usable(rect))
             continue;
         const auto* palette = reinterpret_cast<const uint32_t*>(rect->data[1]);
         const int colours = rect->nb_colors > 0 && rect->nb_colors <= 256 ? rect->nb_colors : 256;
@@ -135,12 +172,15 @@ PictureCaptions readPictureCaptions(const QByteArray& bytes, const QString& file
 
     // The picture on screen, until something ends it.
     std::optional<ShownPicture> open;
+    long long pixels = 0;
     auto close = [&](long long at) {
         if (!open)
             return;
         open->end = std::max(open->start, at);
-        if (open->end > open->start)
+        if (open->end > open->start) {
+            pixels += (long long)open->image.width() * open->image.height();
             result.pictures.push_back(std::move(*open));
+        }
         open.reset();
     };
 
@@ -151,6 +191,13 @@ PictureCaptions readPictureCaptions(const QByteArray& bytes, const QString& file
     }
     const AVRational ms{1, 1000};
     while ((code = av_read_frame(format, packet.get())) >= 0) {
+        if (pixels > kMostPixels) {
+            av_packet_unref(packet.get());
+            result.pictures.clear();
+            result.failure = QStringLiteral("its pictures hold more than %1 million pixels; it is not read")
+                                 .arg(kMostPixels / 1000000);
+            return result;
+        }
         if (packet->stream_index == stream) {
             AVSubtitle subtitle{};
             int got = 0;

@@ -17,7 +17,8 @@ struct ShownPicture
     long long start = 0; // milliseconds
     long long end = 0;   // milliseconds
     QPoint position;     // top left on the video frame
-    QImage image;        // ARGB32, the decoder's colours and transparency
+    QImage image;        // the decoder's colours and transparency: Indexed8 with its palette, or ARGB32
+                         // where several rectangles are joined
 };
 
 struct PictureCaptions
@@ -33,7 +34,8 @@ struct PictureCaptions
 // FFmpeg's probing weighs) with FFmpeg's picture decoders. A picture ends at the
 // end its packet gives (a DVD stop command, a block duration), else when the
 // next one is shown or the screen is cleared; the last open one ends a few
-// seconds after it starts.
+// seconds after it starts. A track whose pictures hold more than 2^30 pixels is
+// refused (damaged data; a film's captions hold a few hundred million at most).
 PictureCaptions readPictureCaptions(const QByteArray& bytes, const QString& fileName, int track);
 
 } // namespace zemsub::tool

@@ -5,7 +5,9 @@
 #include "PicturePrep.h"
 #include "TextReader.h"
 
+#include <QCryptographicHash>
 #include <QHash>
+#include <QVector>
 #include <QStringList>
 
 #include <algorithm>
@@ -60,8 +62,16 @@ PictureText readPictures(const std::vector<ShownPicture>& pictures, const QStrin
     std::vector<const QImage*> distinct;
     for (size_t i = 0; i < pictures.size(); ++i) {
         const QImage& image = pictures[i].image;
-        const QByteArray key = QByteArray::number(image.width()) + 'x' + QByteArray::number(image.height()) + ':' +
-                               QByteArray(reinterpret_cast<const char*>(image.constBits()), int(image.sizeInBytes()));
+        // Pictures are told apart by a digest of their size, palette and pixels.
+        QCryptographicHash digest(QCryptographicHash::Sha1);
+        digest.addData(QByteArray::number(image.width()) + 'x' + QByteArray::number(image.height()) + ':' +
+                       QByteArray::number(int(image.format())) + ':');
+        const QVector<QRgb> table = image.colorTable();
+        digest.addData(QByteArray::fromRawData(reinterpret_cast<const char*>(table.constData()),
+                                               int(table.size() * sizeof(QRgb))));
+        digest.addData(QByteArray::fromRawData(reinterpret_cast<const char*>(image.constBits()),
+                                               int(image.sizeInBytes())));
+        const QByteArray key = digest.result();
         const auto known = seen.constFind(key);
         if (known != seen.constEnd()) {
             readingOf[i] = *known;
