@@ -3,6 +3,7 @@
 #include "TextPictures.h"
 #include "ZemsubFix.h"
 #include "pictures/PictureCaptions.h"
+#include "pictures/OcrLanguage.h"
 #include "pictures/PictureText.h"
 #include "samplegen/PgsWriter.h"
 
@@ -200,6 +201,24 @@ TEST(PictureTextFormats, APictureWithoutAClearingEndsAtTheNext)
     ASSERT_EQ(decoded.pictures.size(), 2u);
     EXPECT_EQ(decoded.pictures[0].end, captions[1].start);
     EXPECT_EQ(decoded.pictures[1].end, captions[1].start + captions[1].duration);
+}
+
+TEST(PictureTextFormats, LettersBeyondAsciiAreReadInTheirLanguage)
+{
+    // French captions, read with the French data (tesseract-ocr-fra, as a track tagged "fre" is).
+    std::vector<CaptionText> captions(3);
+    captions[0] = {1000, 2000, QString::fromUtf8("Caf\u00e9 \u00e0 Paris, d\u00e9j\u00e0 vu.")};
+    captions[1] = {4000, 2000, QString::fromUtf8("Un c\u0153ur, une \u0153uvre.")};
+    captions[2] = {7000, 2000, QString::fromUtf8("\u00c9t\u00e9 comme hiver,\nla for\u00eat est l\u00e0.")};
+    std::vector<ShownPicture> shown;
+    for (const zemsub::samplegen::PgsPicture& picture : zemsub::samplegen::blurayPictures(captions))
+        shown.push_back(ShownPicture{picture.start, picture.end, picture.position, picture.image});
+    ASSERT_EQ(zemsub::tool::tesseractLanguage("fre"), "fra");
+    const zemsub::tool::PictureText read = readPictures(shown, "fra");
+    ASSERT_TRUE(read.read) << read.failure.toStdString();
+    ASSERT_EQ(read.captions.size(), captions.size());
+    for (size_t i = 0; i < captions.size(); ++i)
+        EXPECT_EQ(read.captions[i].text, captions[i].text) << i;
 }
 
 TEST(PictureTextInput, BytesThatAreNoVideoSayWhy)
