@@ -1,6 +1,7 @@
 #include "PictureCaptions.h"
 
 #include "reading/DemuxedBytes.h"
+#include "reading/StreamDecoder.h"
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -26,16 +27,6 @@ constexpr int kLargestSide = 8192;
 // The pixels kept of a whole track: a film's thousands of captions stay far
 // below; damaged data that claims more is refused rather than filling memory.
 constexpr long long kMostPixels = 1LL << 30;
-
-struct CodecCloser
-{
-    void operator()(AVCodecContext* context) const { avcodec_free_context(&context); }
-};
-
-struct PacketFreer
-{
-    void operator()(AVPacket* packet) const { av_packet_free(&packet); }
-};
 
 bool usable(const AVSubtitleRect* rect)
 {
@@ -115,16 +106,6 @@ std::optional<ShownPicture> drawRects(const AVSubtitle& subtitle)
     return shown;
 }
 
-int subtitleStream(AVFormatContext* format, int track)
-{
-    int seen = 0;
-    for (unsigned i = 0; i < format->nb_streams; ++i) {
-        if (format->streams[i]->codecpar->codec_type == AVMEDIA_TYPE_SUBTITLE && seen++ == track)
-            return int(i);
-    }
-    return -1;
-}
-
 } // namespace
 
 PictureCaptions readPictureCaptions(const QByteArray& bytes, const QString& fileName, int track)
@@ -137,7 +118,7 @@ PictureCaptions readPictureCaptions(const QByteArray& bytes, const QString& file
         return result;
     }
     const int stream = track < 0 ? av_find_best_stream(format, AVMEDIA_TYPE_SUBTITLE, -1, -1, nullptr, 0)
-                                 : subtitleStream(format, track);
+                                 : subtitleStreamIndex(format, track);
     if (stream < 0) {
         result.failure = QStringLiteral("FFmpeg finds no subtitle stream in it (read as %1)").arg(input.formatTitle());
         return result;
@@ -150,22 +131,10 @@ PictureCaptions readPictureCaptions(const QByteArray& bytes, const QString& file
                              .arg(input.formatTitle());
         return result;
     }
-    for (unsigned i = 0; i < format->nb_streams; ++i) {
-        if (int(i) != stream)
-            format->streams[i]->discard = AVDISCARD_ALL;
-    }
-    const std::unique_ptr<AVCodecContext, CodecCloser> codec(avcodec_alloc_context3(decoder));
-    if (!codec || avcodec_parameters_to_context(codec.get(), subtitles->codecpar) < 0) {
-        result.failure = ffmpegError(AVERROR(ENOMEM));
+    keepOnlyStream(format, stream);
+    const Decoder codec = openDecoder(subtitles, QString(), &result.failure);
+    if (!codec)
         return result;
-    }
-    codec->pkt_timebase = subtitles->time_base;
-    int code = avcodec_open2(codec.get(), decoder, nullptr);
-    if (code < 0) {
-        result.failure = QStringLiteral("FFmpeg cannot open its %1 decoder: %2")
-                             .arg(QString::fromUtf8(decoder->name), ffmpegError(code));
-        return result;
-    }
     result.codec = QString::fromUtf8(decoder->name);
     if (codec->width > 0 && codec->height > 0)
         result.frame = QSize(codec->width, codec->height);
@@ -184,13 +153,13 @@ PictureCaptions readPictureCaptions(const QByteArray& bytes, const QString& file
         open.reset();
     };
 
-    const std::unique_ptr<AVPacket, PacketFreer> packet(av_packet_alloc());
+    const Packet packet(av_packet_alloc());
     if (!packet) {
         result.failure = ffmpegError(AVERROR(ENOMEM));
         return result;
     }
     const AVRational ms{1, 1000};
-    while ((code = av_read_frame(format, packet.get())) >= 0) {
+    while (av_read_frame(format, packet.get()) >= 0) {
         if (pixels > kMostPixels) {
             av_packet_unref(packet.get());
             result.pictures.clear();

@@ -1,6 +1,7 @@
 #include "SubtitleEvents.h"
 
 #include "DemuxedBytes.h"
+#include "StreamDecoder.h"
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -15,16 +16,6 @@ extern "C" {
 namespace zemsub::tool {
 
 namespace {
-
-struct CodecCloser
-{
-    void operator()(AVCodecContext* context) const { avcodec_free_context(&context); }
-};
-
-struct PacketFreer
-{
-    void operator()(AVPacket* packet) const { av_packet_free(&packet); }
-};
 
 long long toMilliseconds(long long value, AVRational timeBase)
 {
@@ -55,23 +46,6 @@ void addEvents(const AVSubtitle& subtitle, const AVPacket& packet, AVRational ti
     events.push_back(event);
 }
 
-// The stream of the track-th subtitle stream, its decoder in decoder (null when
-// FFmpeg has none); -1 when there are not that many.
-int subtitleStream(AVFormatContext* format, int track, const AVCodec** decoder)
-{
-    int seen = 0;
-    for (unsigned i = 0; i < format->nb_streams; ++i) {
-        const AVCodecParameters* parameters = format->streams[i]->codecpar;
-        if (parameters->codec_type != AVMEDIA_TYPE_SUBTITLE)
-            continue;
-        if (seen++ == track) {
-            *decoder = avcodec_find_decoder(parameters->codec_id);
-            return int(i);
-        }
-    }
-    return -1;
-}
-
 } // namespace
 
 SubtitleEvents readSubtitleEvents(const QByteArray& bytes, const QString& fileName, const QString& encoding,
@@ -88,8 +62,14 @@ SubtitleEvents readSubtitleEvents(const QByteArray& bytes, const QString& fileNa
     result.formatTitle = input.formatTitle();
 
     const AVCodec* decoder = nullptr;
-    const int stream = track < 0 ? av_find_best_stream(format, AVMEDIA_TYPE_SUBTITLE, -1, -1, &decoder, 0)
-                                 : subtitleStream(format, track, &decoder);
+    int stream = -1;
+    if (track < 0) {
+        stream = av_find_best_stream(format, AVMEDIA_TYPE_SUBTITLE, -1, -1, &decoder, 0);
+    } else {
+        stream = subtitleStreamIndex(format, track);
+        if (stream >= 0)
+            decoder = avcodec_find_decoder(format->streams[stream]->codecpar->codec_id);
+    }
     if (stream < 0 || !decoder) {
         result.failure = stream == AVERROR_DECODER_NOT_FOUND || (stream >= 0 && !decoder)
                              ? QStringLiteral("FFmpeg has no decoder for its subtitles (read as %1)")
@@ -100,26 +80,10 @@ SubtitleEvents readSubtitleEvents(const QByteArray& bytes, const QString& fileNa
     }
     AVStream* subtitles = format->streams[stream];
     // Only this stream's packets are handed over.
-    for (unsigned i = 0; i < format->nb_streams; ++i) {
-        if (int(i) != stream)
-            format->streams[i]->discard = AVDISCARD_ALL;
-    }
-    const std::unique_ptr<AVCodecContext, CodecCloser> codec(avcodec_alloc_context3(decoder));
-    if (!codec || avcodec_parameters_to_context(codec.get(), subtitles->codecpar) < 0) {
-        result.failure = ffmpegError(AVERROR(ENOMEM));
+    keepOnlyStream(format, stream);
+    const Decoder codec = openDecoder(subtitles, encoding, &result.failure);
+    if (!codec)
         return result;
-    }
-    codec->pkt_timebase = subtitles->time_base;
-    AVDictionary* options = nullptr;
-    if (!encoding.isEmpty())
-        av_dict_set(&options, "sub_charenc", encoding.toLatin1().constData(), 0);
-    int code = avcodec_open2(codec.get(), decoder, &options);
-    av_dict_free(&options);
-    if (code < 0) {
-        result.failure = QStringLiteral("FFmpeg cannot open its %1 decoder: %2")
-                             .arg(QString::fromUtf8(decoder->name), ffmpegError(code));
-        return result;
-    }
     result.codec = QString::fromUtf8(decoder->name);
     if ((decoder->id == AV_CODEC_ID_ASS || decoder->id == AV_CODEC_ID_SSA) && subtitles->codecpar->extradata)
         result.header = QString::fromUtf8(reinterpret_cast<const char*>(subtitles->codecpar->extradata),
@@ -131,12 +95,12 @@ SubtitleEvents readSubtitleEvents(const QByteArray& bytes, const QString& fileNa
         return result;
     }
 
-    const std::unique_ptr<AVPacket, PacketFreer> packet(av_packet_alloc());
+    const Packet packet(av_packet_alloc());
     if (!packet) {
         result.failure = ffmpegError(AVERROR(ENOMEM));
         return result;
     }
-    while ((code = av_read_frame(format, packet.get())) >= 0) {
+    while (av_read_frame(format, packet.get()) >= 0) {
         if (packet->stream_index == stream) {
             AVSubtitle subtitle{};
             int got = 0;

@@ -2,6 +2,7 @@
 
 #include "DemuxedBytes.h"
 #include "EncodingDetection.h"
+#include "StreamDecoder.h"
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -17,18 +18,6 @@ namespace zemsub::tool {
 
 namespace {
 
-struct CodecCloser
-{
-    void operator()(AVCodecContext* context) const { avcodec_free_context(&context); }
-};
-
-struct PacketFreer
-{
-    void operator()(AVPacket* packet) const { av_packet_free(&packet); }
-};
-
-using Decoder = std::unique_ptr<AVCodecContext, CodecCloser>;
-
 QString tag(const AVStream* stream, const char* key)
 {
     const AVDictionaryEntry* entry = av_dict_get(stream->metadata, key, nullptr, 0);
@@ -38,24 +27,6 @@ QString tag(const AVStream* stream, const char* key)
 long long toMilliseconds(long long value, AVRational timeBase)
 {
     return av_rescale_q(value, timeBase, AVRational{1, 1000});
-}
-
-// A decoder for the stream, opened; null when FFmpeg has none or cannot open it.
-Decoder openDecoder(const AVStream* stream, const QString& encoding)
-{
-    const AVCodec* codec = avcodec_find_decoder(stream->codecpar->codec_id);
-    if (!codec)
-        return nullptr;
-    Decoder context(avcodec_alloc_context3(codec));
-    if (!context || avcodec_parameters_to_context(context.get(), stream->codecpar) < 0)
-        return nullptr;
-    context->pkt_timebase = stream->time_base;
-    AVDictionary* options = nullptr;
-    if (!encoding.isEmpty())
-        av_dict_set(&options, "sub_charenc", encoding.toLatin1().constData(), 0);
-    const int code = avcodec_open2(context.get(), codec, &options);
-    av_dict_free(&options);
-    return code < 0 ? nullptr : std::move(context);
 }
 
 // Whether a decoded subtitle shows anything: a picture, or text.
@@ -134,7 +105,7 @@ TrackList listSubtitleTracks(const QByteArray& bytes, const QString& fileName)
     if (list.tracks.empty())
         return list;
 
-    const std::unique_ptr<AVPacket, PacketFreer> packet(av_packet_alloc());
+    const Packet packet(av_packet_alloc());
     if (!packet)
         return list;
     while (av_read_frame(format, packet.get()) >= 0) {
