@@ -39,9 +39,8 @@ int renderIndex(const FileFacts& facts, long long time, RenderStyle style, const
 
 // A picture track (a .sup, a picture track of a video): the picture FFmpeg shows
 // at the time, laid on the track's frame.
-int renderTrack(const FileFacts& facts, int track, long long time, RenderStyle style, const QString& output)
+int renderTrack(const TrackPictures& pictures, long long time, RenderStyle style, const QString& output)
 {
-    const TrackPictures pictures(facts.path, track);
     if (!style.sizeGiven)
         style.size = pictures.frameSize();
     const DecodedSubpicture shown = pictures.at(time);
@@ -98,8 +97,10 @@ int runRender(const QStringList& args)
     const bool opened = ManagerSession(facts.path).formatCode() != CodeNone;
     if (isIndexPath(facts) && !opened && track < 0)
         return renderIndex(facts, *time, style, output);
-    if (track >= 0 || (!opened && TrackPictures::holdsPictures(facts.path)))
-        return renderTrack(facts, track, *time, style, output);
+    if (track >= 0 || !opened) {
+        if (const std::optional<TrackPictures> pictures = TrackPictures::open(facts.path, track))
+            return renderTrack(*pictures, *time, style, output);
+    }
     CaptionPlayer player(facts, style);
     const RenderedFrame frame = player.frameAt(*time);
     save(frame.image, output);

@@ -157,10 +157,9 @@ int sheetOfIndex(const FileFacts& facts, const QString& output, long long every,
 
 // A picture track: one tile per picture at its start (or per step), the picture
 // FFmpeg shows then on the track's frame; with the text read from it when asked.
-int sheetOfTrack(const FileFacts& facts, int track, const QString& output, long long every, int columns,
-                 RenderStyle style, bool withText, const QString& ocrLanguage)
+int sheetOfTrack(const QString& path, const TrackPictures& pictures, const QString& output, long long every,
+                 int columns, RenderStyle style, bool withText, const QString& ocrLanguage)
 {
-    const TrackPictures pictures(facts.path, track);
     if (!style.sizeGiven)
         style.size = pictures.frameSize();
     std::vector<Tile> tiles;
@@ -186,12 +185,12 @@ int sheetOfTrack(const FileFacts& facts, int track, const QString& output, long 
         const QString language = ocrLanguage.isEmpty() ? tesseractLanguage(pictures.language()) : ocrLanguage;
         const PictureText read = readPictures(pictures.pictures(), language);
         if (!read.read)
-            fileError(facts.path, QStringLiteral("cannot read its pictures as text: %1").arg(read.failure));
+            fileError(path, QStringLiteral("cannot read its pictures as text: %1").arg(read.failure));
         for (const PictureCaption& caption : read.captions)
             texts[pictures.pictures()[size_t(caption.picture)].start] = caption.text;
     }
     const QImage background = makeBackground(style);
-    return paintSheet(facts.path, output, style.size, tiles, columns, [&](long long time) {
+    return paintSheet(path, output, style.size, tiles, columns, [&](long long time) {
         const DecodedSubpicture shown = pictures.at(time);
         SheetFrame frame;
         frame.image = frameWithSubpicture(background, shown, pictures.frameSize());
@@ -272,9 +271,13 @@ int runSheet(const QStringList& args)
     const bool opened = ManagerSession(path).formatCode() != CodeNone;
     if (isIndexPath(facts) && !opened && track < 0 && !withText)
         return sheetOfIndex(facts, output, every, columns, style);
-    if (track >= 0 || withText || (!opened && TrackPictures::holdsPictures(path)))
-        return sheetOfTrack(facts, track, output, every, columns, style, withText,
-                            line.parser().value(ocrOption));
+    if (track >= 0 || withText || !opened) {
+        if (const std::optional<TrackPictures> pictures = TrackPictures::open(path, track))
+            return sheetOfTrack(path, *pictures, output, every, columns, style, withText,
+                                line.parser().value(ocrOption));
+        if (withText)
+            fileError(path, QStringLiteral("--text reads picture tracks, and FFmpeg finds none in it"));
+    }
     CaptionPlayer player(facts, style);
     const StoredTimeline timeline = readStoredTimeline(path, ManagerSession(path).formatCode());
     const std::vector<Tile> tiles = every > 0 ? stepTiles(timeline, every) : captionTiles(timeline);

@@ -13,50 +13,50 @@ const QSize kBlurayFrame(1920, 1080);
 
 } // namespace
 
-TrackPictures::TrackPictures(const QString& path, int track)
+std::optional<TrackPictures> TrackPictures::open(const QString& path, int track)
 {
+    const bool named = track >= 0;
     const FileBytes input(path);
-    if (!input.opened())
-        fileError(path, input.error());
+    if (!input.opened()) {
+        if (named)
+            fileError(path, input.error());
+        return std::nullopt;
+    }
     const TrackList list = listSubtitleTracks(input.bytes(), path);
-    if (!list.read)
-        fileError(path, QStringLiteral("cannot read its tracks: %1").arg(list.failure));
+    if (!list.read) {
+        if (named)
+            fileError(path, QStringLiteral("cannot read its tracks: %1").arg(list.failure));
+        return std::nullopt;
+    }
+    const SubtitleTrack* chosen = nullptr;
     for (const SubtitleTrack& candidate : list.tracks) {
-        if (track >= 0 ? candidate.index == track : candidate.pictures) {
-            m_track = candidate.index;
-            m_language = candidate.language;
-            if (!candidate.pictures)
-                fileError(path, QStringLiteral("track %1 is %2, not pictures").arg(track).arg(candidate.codec));
+        if (named ? candidate.index == track : candidate.pictures) {
+            chosen = &candidate;
             break;
         }
     }
-    if (m_track < 0)
-        fileError(path, track >= 0 ? QStringLiteral("it has no track %1").arg(track)
-                                   : QStringLiteral("the library does not open it, and FFmpeg finds no picture "
-                                                    "track in it (read as %1)")
-                                         .arg(list.formatTitle));
-    m_pictures = readPictureCaptions(input.bytes(), path, m_track);
-    if (!m_pictures.read)
-        fileError(path, QStringLiteral("cannot decode its pictures: %1").arg(m_pictures.failure));
-    m_frame = m_pictures.frame.isEmpty() ? kLeastFrame : m_pictures.frame;
-    if (m_pictures.codec == QLatin1String("pgssub"))
-        m_frame = m_frame.expandedTo(kBlurayFrame);
-    for (const ShownPicture& picture : m_pictures.pictures)
-        m_frame = m_frame.expandedTo(QSize(picture.position.x() + picture.image.width(),
-                                           picture.position.y() + picture.image.height()));
-}
-
-bool TrackPictures::holdsPictures(const QString& path)
-{
-    const FileBytes input(path);
-    if (!input.opened())
-        return false;
-    const TrackList list = listSubtitleTracks(input.bytes(), path);
-    for (const SubtitleTrack& track : list.tracks) {
-        if (track.pictures)
-            return true;
+    if (!chosen) {
+        if (named)
+            fileError(path, QStringLiteral("it has no track %1").arg(track));
+        return std::nullopt;
     }
-    return false;
+    if (!chosen->pictures)
+        fileError(path, QStringLiteral("track %1 is %2, not pictures").arg(track).arg(chosen->codec));
+
+    TrackPictures pictures;
+    pictures.m_track = chosen->index;
+    pictures.m_language = chosen->language;
+    pictures.m_pictures = readPictureCaptions(input.bytes(), path, pictures.m_track);
+    if (!pictures.m_pictures.read)
+        fileError(path, QStringLiteral("cannot decode its pictures: %1").arg(pictures.m_pictures.failure));
+    QSize& frame = pictures.m_frame;
+    frame = pictures.m_pictures.frame.isEmpty() ? kLeastFrame : pictures.m_pictures.frame;
+    if (pictures.m_pictures.codec == QLatin1String("pgssub"))
+        frame = frame.expandedTo(kBlurayFrame);
+    for (const ShownPicture& picture : pictures.m_pictures.pictures)
+        frame = frame.expandedTo(QSize(picture.position.x() + picture.image.width(),
+                                       picture.position.y() + picture.image.height()));
+    return pictures;
 }
 
 DecodedSubpicture TrackPictures::asSubpicture(const ShownPicture& picture)

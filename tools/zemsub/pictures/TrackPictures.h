@@ -6,6 +6,7 @@
 
 #include <QSize>
 #include <QString>
+#include <optional>
 #include <vector>
 
 namespace zemsub::tool {
@@ -17,12 +18,11 @@ class TrackPictures
 {
 public:
     // The picture track of the file: track when it names one (>= 0), else the
-    // first picture track. Throws ToolError (exit 1) naming the file when FFmpeg
-    // cannot read it, it has no picture track, or track is no picture track.
-    TrackPictures(const QString& path, int track);
-
-    // Whether FFmpeg reads the file and finds a picture track in it.
-    static bool holdsPictures(const QString& path);
+    // first picture track. Null when no track is named and FFmpeg reads no
+    // picture track in the file. Throws ToolError (exit 1) naming the file when
+    // the named track is missing or no picture track, or its pictures cannot be
+    // decoded.
+    static std::optional<TrackPictures> open(const QString& path, int track);
 
     int track() const { return m_track; }
     const QString& codec() const { return m_pictures.codec; }
@@ -39,6 +39,8 @@ public:
     static DecodedSubpicture asSubpicture(const ShownPicture& picture);
 
 private:
+    TrackPictures() = default;
+
     int m_track = -1;
     QString m_language;
     PictureCaptions m_pictures;
