@@ -19,6 +19,13 @@ TEST(OcrLanguage, TagsBecomeTesseractNames)
     EXPECT_EQ(tesseractLanguage("spa"), "spa");
 }
 
+TEST(OcrLanguage, TheLanguageAskedForOverridesTheTag)
+{
+    EXPECT_EQ(readingLanguage("", "fre"), "fra");
+    EXPECT_EQ(readingLanguage("", ""), "eng");
+    EXPECT_EQ(readingLanguage("deu", "fre"), "deu");
+}
+
 TEST(OcrLanguage, UntaggedAndUnknownReadAsEnglish)
 {
     EXPECT_EQ(tesseractLanguage(""), "eng");

@@ -128,7 +128,7 @@ SourceFile readSource(const QByteArray& bytes, const QString& fileName, const QS
     if (written.pictures) {
         const QString tag = tracks.tracks[size_t(choice.index)].language;
         readPictures(source, bytes, fileName, choice.index,
-                     ocrLanguage.isEmpty() ? tesseractLanguage(tag) : ocrLanguage, pictureProgress);
+                     readingLanguage(ocrLanguage, tag), pictureProgress);
         return source;
     }
     source.readable = true;

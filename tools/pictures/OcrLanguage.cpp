@@ -43,6 +43,11 @@ QString tesseractLanguage(const QString& tag)
     return QStringLiteral("eng");
 }
 
+QString readingLanguage(const QString& asked, const QString& tag)
+{
+    return asked.isEmpty() ? tesseractLanguage(tag) : asked;
+}
+
 QString languageDataFolder()
 {
     const QString prefix = qEnvironmentVariable("TESSDATA_PREFIX");

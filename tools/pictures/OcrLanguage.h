@@ -10,6 +10,10 @@ namespace zemsub::tool {
 // unknown tags read as English ("eng").
 QString tesseractLanguage(const QString& tag);
 
+// The language a track is read in: the one asked for (--ocr-language) when
+// given, else Tesseract's name for the track's tag.
+QString readingLanguage(const QString& asked, const QString& tag);
+
 // The folder of Tesseract's language data: TESSDATA_PREFIX when set, else
 // where Debian installs it.
 QString languageDataFolder();

@@ -67,8 +67,7 @@ WrittenFile readWrittenSide(const QString& path, const QString& encoding, int tr
         fileError(path, QStringLiteral("cannot lint: %1").arg(written.failure));
     if (written.pictures)
         readPicturesAsText(written, bytes, path, choice.index,
-                           ocrLanguage.isEmpty() ? tesseractLanguage(tracks.tracks[size_t(choice.index)].language)
-                                                 : ocrLanguage);
+                           readingLanguage(ocrLanguage, tracks.tracks[size_t(choice.index)].language));
     return written;
 }
 

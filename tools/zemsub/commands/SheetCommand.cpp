@@ -182,7 +182,7 @@ int sheetOfTrack(const QString& path, const TrackPictures& pictures, const QStri
     // The text read from each picture, by its start.
     std::map<long long, QString> texts;
     if (withText) {
-        const QString language = ocrLanguage.isEmpty() ? tesseractLanguage(pictures.language()) : ocrLanguage;
+        const QString language = readingLanguage(ocrLanguage, pictures.language());
         const PictureText read = readPictures(pictures.pictures(), language);
         if (!read.read)
             fileError(path, QStringLiteral("cannot read its pictures as text: %1").arg(read.failure));
