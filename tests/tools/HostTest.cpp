@@ -81,24 +81,21 @@ TEST(ZemsubHost, FixedCopyShowsTheLastCaptionTheOriginalHides)
 TEST(ZemsubHost, FixedCopyOfAVideosTrackOrOfPicturesPlays)
 {
     TempDir dir;
+    // Plays the fixed copy of file from 1.5 s, captures 2 s and expects a caption there.
+    auto playFixed = [&dir](const QString& file, const QString& fixedLine) {
+        SCOPED_TRACE(file.toStdString());
+        const QString frame = qs(dir.file("frame.png"));
+        const RunResult run = runHost({"--fix", "--seconds", "1", "--start", "1500", "--capture-at", "2000",
+                                       "--capture", frame, "--size", "480x270", file});
+        EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
+        EXPECT_TRUE(run.out.contains("fixed " + file + ": " + fixedLine)) << run.out.toStdString();
+        EXPECT_FALSE(brightPixels(QImage(frame), 200).isNull());
+    };
     // A video file: the copy of the track a player takes (the French one, flagged default); its
     // italic caption shows, but not in italics.
-    const QString video = qs(dir.file("video.png"));
-    const RunResult tracks = runHost({"--fix", "--seconds", "1", "--start", "1500", "--capture-at", "2000",
-                                      "--capture", video, "--size", "480x270", sample("tracks.mkv")});
-    EXPECT_EQ(tracks.exitCode, 0) << tracks.err.toStdString();
-    EXPECT_TRUE(tracks.out.contains("fixed " + sample("tracks.mkv") + ": 7 of 8 captions as written"))
-        << tracks.out.toStdString();
-    EXPECT_FALSE(brightPixels(QImage(video), 200).isNull());
-
+    playFixed(sample("tracks.mkv"), "7 of 8 captions as written");
     // Blu-ray pictures, read as text first.
-    const QString pictures = qs(dir.file("pictures.png"));
-    const RunResult sup = runHost({"--fix", "--seconds", "1", "--start", "1500", "--capture-at", "2000",
-                                   "--capture", pictures, "--size", "480x270", sample("words.sup")});
-    EXPECT_EQ(sup.exitCode, 0) << sup.err.toStdString();
-    EXPECT_TRUE(sup.out.contains("fixed " + sample("words.sup") + ": 8 of 8 captions as written"))
-        << sup.out.toStdString();
-    EXPECT_FALSE(brightPixels(QImage(pictures), 200).isNull());
+    playFixed(sample("words.sup"), "8 of 8 captions as written");
 }
 
 TEST(ZemsubHost, NoCaptionToCaptureExitsOne)

@@ -31,6 +31,16 @@ Rendered render(const QString& file, const QString& time, const QStringList& opt
     return rendered;
 }
 
+// "\tpicture x=.. y=.. width=.. height=..\twrote " of a render line.
+QString pictureField(const QRect& box)
+{
+    return QString("\tpicture x=%1 y=%2 width=%3 height=%4\twrote ")
+        .arg(box.x())
+        .arg(box.y())
+        .arg(box.width())
+        .arg(box.height());
+}
+
 // The caption's bottom centre in frame pixels, from the record: frame centre plus x and y.
 QPoint recordPoint(const Rendered& rendered)
 {
@@ -187,11 +197,7 @@ TEST(ZemsubRender, IndexSubpicturesLieOnTheFrameAsTheScriptDrewThem)
         const Rendered r = render(sample("vobsub.idx"), QString::number(drawn.start), {"--background", "#204060"});
         EXPECT_EQ(r.run.exitCode, 0) << r.run.err.toStdString();
         const QRect box(drawn.position, drawn.image.size());
-        EXPECT_TRUE(r.run.out.contains(QString("\tpicture x=%1 y=%2 width=%3 height=%4\twrote ")
-                                           .arg(box.x())
-                                           .arg(box.y())
-                                           .arg(box.width())
-                                           .arg(box.height())))
+        EXPECT_TRUE(r.run.out.contains(pictureField(box)))
             << r.run.out.toStdString();
         ASSERT_EQ(r.image.size(), QSize(720, 480));
         // Nothing outside the subpicture changes; inside, every pixel is the drawn one
@@ -233,11 +239,7 @@ TEST(ZemsubRender, IndexWithoutASizeLineTakesTheFrameItsPicturesReach)
         EXPECT_EQ(r.run.err, "render: the index has no size: line; its frame is 1700x940, as far as its "
                              "pictures reach (at least 720x480)\n");
         const QRect box(drawn.position, drawn.image.size());
-        EXPECT_TRUE(r.run.out.contains(QString("\tpicture x=%1 y=%2 width=%3 height=%4\twrote ")
-                                           .arg(box.x())
-                                           .arg(box.y())
-                                           .arg(box.width())
-                                           .arg(box.height())))
+        EXPECT_TRUE(r.run.out.contains(pictureField(box)))
             << r.run.out.toStdString();
         EXPECT_EQ(r.image.size(), QSize(1700, 940));
         EXPECT_EQ(pixelsUnlike(r.image, kBackground, 0), box);
