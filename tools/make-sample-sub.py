@@ -16,8 +16,10 @@ Run it from anywhere: python3 tools/make-sample-sub.py
   --size WxH      the index's size: line (default 720x480); "none" leaves the line out
   --contrast A,B,C,D  alpha of codes 0 to 3, 0 transparent to 15 opaque (default 0,15,15,15)
   --bitmaps LIST  the subpictures from LIST instead of the built-in ones: one line
-                  "START_MS DURATION_MS X Y FILE" each, FILE a binary PGM (P5) whose
-                  values are the pixel codes 0 to 3, relative to LIST's folder
+                  "START_MS DURATION_MS X Y FILE [forced]" each, FILE a binary PGM (P5)
+                  whose values are the pixel codes 0 to 3, relative to LIST's folder;
+                  DURATION_MS "max" stops at 0xFFFF units, as converters write an
+                  unknown end; "forced" starts it with the forced display command
 """
 
 import argparse
@@ -139,7 +141,7 @@ def nibble_pair(high, low):
     return (high << 4) | low
 
 
-def subpicture(rows, x, y, duration_ms, contrast):
+def subpicture(rows, x, y, duration_ms, contrast, forced=False):
     width, height = len(rows[0]), len(rows)
     top = encode_rows(rows[0::2])
     bottom = encode_rows(rows[1::2])
@@ -152,9 +154,9 @@ def subpicture(rows, x, y, duration_ms, contrast):
         0x04, nibble_pair(contrast[3], contrast[2]), nibble_pair(contrast[1], contrast[0]),
         0x05, x >> 4, ((x & 0xF) << 4) | (x2 >> 8), x2 & 0xFF, y >> 4, ((y & 0xF) << 4) | (y2 >> 8), y2 & 0xFF,
         0x06,
-    ]) + struct.pack(">HH", 4, 4 + len(top)) + bytes([0x01, 0xFF])
+    ]) + struct.pack(">HH", 4, 4 + len(top)) + bytes([0x00 if forced else 0x01, 0xFF])
     second_control = first_control + 4 + len(commands)
-    delay = duration_ms * 90 // 1024
+    delay = 0xFFFF if duration_ms is None else duration_ms * 90 // 1024
     stop = struct.pack(">HH", delay, second_control) + bytes([0x02, 0xFF])
     body = pixels + struct.pack(">HH", 0, second_control) + commands + stop
     return struct.pack(">HH", 4 + len(body), first_control) + body
@@ -244,8 +246,10 @@ def read_bitmaps(listing):
     with open(listing) as f:
         for line in f:
             if line.strip():
-                start, duration, x, y, name = line.split()
-                subtitles.append((int(start), int(duration), read_codes(os.path.join(folder, name)), (int(x), int(y))))
+                fields = line.split()
+                start, duration, x, y, name = fields[:5]
+                subtitles.append((int(start), None if duration == "max" else int(duration),
+                                  read_codes(os.path.join(folder, name)), (int(x), int(y)), "forced" in fields[5:]))
     return subtitles
 
 
@@ -285,11 +289,11 @@ def main():
         "# English",
         "id: en, index: 0",
     ]
-    subtitles = [(start, duration, rows, position) for start, duration, rows in SUBTITLES]
+    subtitles = [(start, duration, rows, position, False) for start, duration, rows in SUBTITLES]
     if options.bitmaps:
         subtitles = read_bitmaps(options.bitmaps)
-    for start, duration, rows, at in subtitles:
-        unit = subpicture(rows, at[0], at[1], duration, contrast)
+    for start, duration, rows, at, forced in subtitles:
+        unit = subpicture(rows, at[0], at[1], duration, contrast, forced)
         index_lines.append("timestamp: %s, filepos: %09x" % (timestamp(start), len(stream)))
         for sector in sectors_for(unit, start * 90):
             stream += sector

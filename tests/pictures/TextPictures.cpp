@@ -4,6 +4,7 @@
 #include "support/TrackFiles.h"
 
 #include <QDir>
+#include <QFile>
 #include <QProcess>
 #include <QStandardPaths>
 
@@ -15,11 +16,22 @@ long long dvdEnd(long long start, long long duration)
     return start + units * 1024 / 90;
 }
 
-std::string makeTextVobSub(const TempDir& dir, const std::vector<CaptionText>& captions, QString* error)
+std::string makeTextVobSub(const TempDir& dir, const std::vector<CaptionText>& captions, QString* error,
+                           const std::function<QByteArray(const QByteArray&)>& editListing)
 {
     const QString folder = QString::fromStdString(dir.path());
     if (!writeDvdBitmaps(folder, captions, error))
         return std::string();
+    if (editListing) {
+        QFile listing(folder + QStringLiteral("/captions.txt"));
+        if (!listing.open(QIODevice::ReadWrite)) {
+            *error = QStringLiteral("cannot change the listing");
+            return std::string();
+        }
+        const QByteArray edited = editListing(listing.readAll());
+        listing.resize(0);
+        listing.write(edited);
+    }
     const QString python = QStandardPaths::findExecutable(QStringLiteral("python3"));
     if (python.isEmpty()) {
         *error = QStringLiteral("python3 is not installed");

@@ -4,7 +4,9 @@
 #include "samplegen/CaptionPictures.h"
 #include "support/TestFiles.h"
 
+#include <QByteArray>
 #include <QString>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -16,8 +18,10 @@ long long dvdEnd(long long start, long long duration);
 
 // A VobSub pair of the captions (drawn in four colours), written by
 // tools/make-sample-sub.py into dir as movie.idx and movie.sub; the index's path,
-// or empty with the reason in *error.
-std::string makeTextVobSub(const TempDir& dir, const std::vector<CaptionText>& captions, QString* error);
+// or empty with the reason in *error. editListing, when given, may change the
+// script's listing first (a duration "max", a "forced" field).
+std::string makeTextVobSub(const TempDir& dir, const std::vector<CaptionText>& captions, QString* error,
+                           const std::function<QByteArray(const QByteArray&)>& editListing = nullptr);
 
 // The pair muxed by ffmpeg into dir/pictures.mkv (track 0 the pictures, track 1
 // an English SubRip track). Empty, with the reason in *error, when not made.

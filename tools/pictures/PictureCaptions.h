@@ -1,6 +1,8 @@
 #ifndef ZEMSUB_PICTURES_PICTURECAPTIONS_H
 #define ZEMSUB_PICTURES_PICTURECAPTIONS_H
 
+#include "DisplayRule.h"
+
 #include <QByteArray>
 #include <QImage>
 #include <QPoint>
@@ -10,15 +12,19 @@
 
 namespace zemsub::tool {
 
-// One picture as a player shows it: from the moment it is shown to the moment
-// it is cleared or replaced.
+// One picture as a player shows it: from the moment its display is shown to
+// the moment it is cleared or replaced.
 struct ShownPicture
 {
-    long long start = 0; // milliseconds
+    long long start = 0; // milliseconds, on the player's clock
     long long end = 0;   // milliseconds
     QPoint position;     // top left on the video frame
     QImage image;        // the decoder's colours and transparency: Indexed8 with its palette, or ARGB32
                          // where several rectangles are joined
+    int display = 0;     // the display it is part of, from 0: pictures that stand apart in one display
+                         // (one at the top, one at the bottom) are pictures of their own with its times
+    bool forced = false; // shown even with subtitles off (PGS composition flag, DVD forced command)
+    DisplayEnd ended = DisplayEnd::Own;
 };
 
 struct PictureCaptions
@@ -27,15 +33,16 @@ struct PictureCaptions
     QString failure;
     QString codec;     // FFmpeg's decoder: "dvdsub", "pgssub", "dvbsub"
     QSize frame;       // the track's frame, when it tells one
-    std::vector<ShownPicture> pictures; // in time order; empty pictures are left out
+    long long origin = 0; // the container's start, taken off every time (milliseconds)
+    int decoded = 0;   // subtitles the decoder handed over (displays, repeats and clearings)
+    std::vector<ShownPicture> pictures; // in time order, each display's top to bottom; empty ones left out
 };
 
 // Decodes the track-th subtitle stream of bytes (fileName gives the extension
-// FFmpeg's probing weighs) with FFmpeg's picture decoders. A picture ends at the
-// end its packet gives (a DVD stop command, a block duration), else when the
-// next one is shown or the screen is cleared; the last open one ends a few
-// seconds after it starts. A track whose pictures hold more than 2^30 pixels is
-// refused (damaged data; a film's captions hold a few hundred million at most).
+// FFmpeg's probing weighs; track < 0: the best one) with FFmpeg's picture
+// decoders and shows its displays by displaySpans (DisplayRule.h). A track
+// whose pictures hold more than 2^30 pixels is refused (damaged data; a film's
+// captions hold a few hundred million at most).
 PictureCaptions readPictureCaptions(const QByteArray& bytes, const QString& fileName, int track);
 
 } // namespace zemsub::tool

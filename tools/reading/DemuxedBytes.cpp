@@ -34,8 +34,9 @@ DemuxedBytes::DemuxedBytes(const QByteArray& bytes, const QString& fileName) : m
         return; // avformat_open_input freed the context
     }
     m_format = raw;
-    // Formats without a header (MPEG-PS, ...) make their streams as packets come.
-    if (m_format->nb_streams == 0)
+    // Formats without a header (MPEG-PS, ...) make their streams as packets come;
+    // those with a running clock (MPEG-TS, MPEG-PS) tell where it starts only after a look.
+    if (m_format->nb_streams == 0 || (m_format->iformat->flags & AVFMT_TS_DISCONT))
         avformat_find_stream_info(m_format, nullptr);
 }
 

@@ -38,14 +38,12 @@ void segment(QByteArray& out, long long ms, Segment type, const QByteArray& payl
 struct Indexed
 {
     std::vector<unsigned char> pixels;
-    std::vector<QRgb> palette{qRgba(0, 0, 0, 0)};
 };
 
-Indexed indexed(const QImage& source)
+Indexed indexed(const QImage& source, std::vector<QRgb>& palette, QHash<QRgb, unsigned char>& entries)
 {
     const QImage image = source.convertToFormat(QImage::Format_ARGB32);
     Indexed result;
-    QHash<QRgb, unsigned char> entries;
     result.pixels.reserve(size_t(image.width()) * size_t(image.height()));
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
@@ -59,8 +57,8 @@ Indexed indexed(const QImage& source)
             const QRgb key = qRgba(level * 17, level * 17, level * 17, alpha * 17);
             auto found = entries.constFind(key);
             if (found == entries.constEnd()) {
-                found = entries.insert(key, (unsigned char)result.palette.size());
-                result.palette.push_back(key);
+                found = entries.insert(key, (unsigned char)palette.size());
+                palette.push_back(key);
             }
             result.pixels.push_back(*found);
         }
@@ -101,8 +99,9 @@ QByteArray runLengths(const Indexed& picture, int width, int height)
     return out;
 }
 
-QByteArray composition(QSize frame, int number, bool shown, QPoint position)
+QByteArray composition(QSize frame, int number, const std::vector<QPoint>& positions, bool forced)
 {
+    const bool shown = !positions.empty();
     QByteArray payload;
     put16(payload, frame.width());
     put16(payload, frame.height());
@@ -111,26 +110,28 @@ QByteArray composition(QSize frame, int number, bool shown, QPoint position)
     payload.append(char(shown ? 0x80 : 0x00)); // epoch start, or normal
     payload.append('\0');                      // no palette update
     payload.append('\0');                      // palette 0
-    payload.append(char(shown ? 1 : 0));
-    if (shown) {
-        put16(payload, 0);     // object 0
-        payload.append('\0');  // window 0
-        payload.append('\0');  // not cropped
-        put16(payload, position.x());
-        put16(payload, position.y());
+    payload.append(char(positions.size()));
+    for (size_t i = 0; i < positions.size(); ++i) {
+        put16(payload, int(i));                  // object i
+        payload.append(char(i));                 // window i
+        payload.append(char(forced ? 0x40 : 0)); // not cropped; forced
+        put16(payload, positions[i].x());
+        put16(payload, positions[i].y());
     }
     return payload;
 }
 
-QByteArray window(QPoint position, QSize size)
+QByteArray windows(const std::vector<PgsObject>& objects)
 {
     QByteArray payload;
-    payload.append(char(1));
-    payload.append('\0');
-    put16(payload, position.x());
-    put16(payload, position.y());
-    put16(payload, size.width());
-    put16(payload, size.height());
+    payload.append(char(objects.size()));
+    for (size_t i = 0; i < objects.size(); ++i) {
+        payload.append(char(i));
+        put16(payload, objects[i].position.x());
+        put16(payload, objects[i].position.y());
+        put16(payload, objects[i].image.width());
+        put16(payload, objects[i].image.height());
+    }
     return payload;
 }
 
@@ -141,16 +142,24 @@ QByteArray writePgs(const std::vector<PgsPicture>& pictures, QSize frame)
     QByteArray out;
     int number = 0;
     for (const PgsPicture& picture : pictures) {
-        const Indexed colours = indexed(picture.image);
-        const QSize size = picture.image.size();
-        segment(out, picture.start, Composition, composition(frame, number++, true, picture.position));
-        segment(out, picture.start, Window, window(picture.position, size));
+        std::vector<PgsObject> objects{PgsObject{picture.position, picture.image}};
+        objects.insert(objects.end(), picture.others.begin(), picture.others.end());
+        std::vector<QPoint> positions;
+        std::vector<QRgb> colourTable{qRgba(0, 0, 0, 0)};
+        QHash<QRgb, unsigned char> entries;
+        std::vector<Indexed> indexedObjects;
+        for (const PgsObject& object : objects) {
+            positions.push_back(object.position);
+            indexedObjects.push_back(indexed(object.image, colourTable, entries));
+        }
+        segment(out, picture.start, Composition, composition(frame, number++, positions, picture.forced));
+        segment(out, picture.start, Window, windows(objects));
 
         QByteArray palette;
         palette.append('\0'); // palette 0
         palette.append('\0'); // version 0
-        for (size_t i = 0; i < colours.palette.size() && i < 256; ++i) {
-            const QRgb rgb = colours.palette[i];
+        for (size_t i = 0; i < colourTable.size() && i < 256; ++i) {
+            const QRgb rgb = colourTable[i];
             // BT.709, limited range, as Blu-ray players decode it.
             const double r = qRed(rgb), g = qGreen(rgb), b = qBlue(rgb);
             const double luma = 16 + (0.2126 * r + 0.7152 * g + 0.0722 * b) * 219.0 / 255.0;
@@ -164,34 +173,39 @@ QByteArray writePgs(const std::vector<PgsPicture>& pictures, QSize frame)
         }
         segment(out, picture.start, Palette, palette);
 
-        // The object's data, split over segments of at most 65535 bytes.
-        const QByteArray data = runLengths(colours, size.width(), size.height());
-        const int length = int(data.size()) + 4;
-        QByteArray first;
-        put16(first, size.width());
-        put16(first, size.height());
-        QByteArray rest = first + data;
-        bool firstPart = true;
-        while (firstPart || !rest.isEmpty()) {
-            const int room = firstPart ? 65535 - 7 : 65535 - 4;
-            const QByteArray part = rest.left(room);
-            rest.remove(0, int(part.size()));
-            QByteArray object;
-            put16(object, 0);    // object 0
-            object.append('\0'); // version 0
-            object.append(char((firstPart ? 0x80 : 0) | (rest.isEmpty() ? 0x40 : 0)));
-            if (firstPart) {
-                object.append(char((length >> 16) & 0xFF));
-                put16(object, length & 0xFFFF);
+        for (size_t o = 0; o < objects.size(); ++o) {
+            const QSize size = objects[o].image.size();
+            // The object's data, split over segments of at most 65535 bytes.
+            const QByteArray data = runLengths(indexedObjects[o], size.width(), size.height());
+            const int length = int(data.size()) + 4;
+            QByteArray first;
+            put16(first, size.width());
+            put16(first, size.height());
+            QByteArray rest = first + data;
+            bool firstPart = true;
+            while (firstPart || !rest.isEmpty()) {
+                const int room = firstPart ? 65535 - 7 : 65535 - 4;
+                const QByteArray part = rest.left(room);
+                rest.remove(0, int(part.size()));
+                QByteArray object;
+                put16(object, int(o)); // object o
+                object.append('\0');   // version 0
+                object.append(char((firstPart ? 0x80 : 0) | (rest.isEmpty() ? 0x40 : 0)));
+                if (firstPart) {
+                    object.append(char((length >> 16) & 0xFF));
+                    put16(object, length & 0xFFFF);
+                }
+                object.append(part);
+                segment(out, picture.start, Object, object);
+                firstPart = false;
             }
-            object.append(part);
-            segment(out, picture.start, Object, object);
-            firstPart = false;
         }
         segment(out, picture.start, End, QByteArray());
 
-        segment(out, picture.end, Composition, composition(frame, number++, false, QPoint()));
-        segment(out, picture.end, Window, window(picture.position, size));
+        if (picture.end <= picture.start)
+            continue;
+        segment(out, picture.end, Composition, composition(frame, number++, {}, false));
+        segment(out, picture.end, Window, windows(objects));
         segment(out, picture.end, End, QByteArray());
     }
     return out;

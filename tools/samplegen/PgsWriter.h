@@ -11,18 +11,28 @@
 
 namespace zemsub::samplegen {
 
+// A further picture shown in the same display set.
+struct PgsObject
+{
+    QPoint position;
+    QImage image;
+};
+
 // One picture of a Blu-ray subtitle stream, shown from start to end.
 struct PgsPicture
 {
     long long start = 0; // milliseconds
     long long end = 0;   // milliseconds
     QPoint position;     // top left on the frame
-    QImage image;        // ARGB32; its colours are cut to 255 and one transparent
+    QImage image;        // ARGB32; its colours (with those of the others) are cut to 255 and one transparent
+    std::vector<PgsObject> others; // at most one more: a display set has two windows
+    bool forced = false; // the composition's forced flag: shown with subtitles off
 };
 
-// A .sup file: for each picture a display set (composition, window, palette,
-// object, end) at its start and a clearing one (a composition without objects)
-// at its end, times in 90 kHz ticks.
+// A .sup file: for each picture a display set (composition, windows, palette,
+// objects, end) at its start and a clearing one (a composition without objects)
+// at its end, times in 90 kHz ticks. A picture whose end is not after its start
+// has no clearing display set: the next one replaces it.
 QByteArray writePgs(const std::vector<PgsPicture>& pictures, QSize frame);
 
 // The captions as a Blu-ray disc draws them: smooth, one and a half times the
