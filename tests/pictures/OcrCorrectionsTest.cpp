@@ -9,7 +9,13 @@ using zemsub::tool::correctReading;
 
 std::string corrected(const char* line)
 {
-    return correctReading(QString::fromUtf8(line)).toStdString();
+    return correctReading(QString::fromUtf8(line), QStringLiteral("eng")).toStdString();
+}
+
+std::string inFrench(const char* line)
+{
+    return correctReading(QString::fromUtf8(line), QStringLiteral("fra"), &zemsub::tool::wordList("fra"))
+        .toStdString();
 }
 
 TEST(OcrCorrections, BarReadForCapitalI)
@@ -61,7 +67,7 @@ TEST(OcrCorrections, ZeroBetweenLettersIsO)
 TEST(OcrCorrections, CapitalLOrIInsideASentenceIsLoweredWhereTheWordListSaysSo)
 {
     const QSet<QString> words{"the", "lighthouse", "light", "Lisbon", "is", "Ill", "ill", "lint"};
-    auto fixed = [&words](const char* line) { return correctReading(QString::fromUtf8(line), &words).toStdString(); };
+    auto fixed = [&words](const char* line) { return correctReading(QString::fromUtf8(line), QStringLiteral("eng"), &words).toStdString(); };
     EXPECT_EQ(fixed("The Lighthouse is far"), "The lighthouse is far");
     EXPECT_EQ(fixed("go, Iint"), "go, lint");
     // At a sentence's start, a capital is right.
@@ -87,6 +93,61 @@ TEST(OcrCorrections, SpacesAroundTheLineGo)
 {
     EXPECT_EQ(corrected("  Hello  "), "Hello");
     EXPECT_EQ(corrected(""), "");
+}
+
+TEST(OcrCorrections, FrenchKeepsItsElisionsItsSpacesAndItsEllipsis)
+{
+    EXPECT_EQ(inFrench("l'encre et l'eau"), "l'encre et l'eau");
+    EXPECT_EQ(inFrench("d'abord, l'homme"), "d'abord, l'homme");
+    EXPECT_EQ(inFrench("Vraiment ?"), "Vraiment ?");
+    EXPECT_EQ(inFrench("Attention : il vient !"), "Attention : il vient !");
+    EXPECT_EQ(inFrench("Oui ; non"), "Oui ; non");
+    EXPECT_EQ(inFrench("Mais..."), "Mais...");
+    EXPECT_EQ(inFrench("Et ... alors"), "Et ... alors");
+    // What holds in every language still does.
+    EXPECT_EQ(inFrench("\u2013Bonjour , toi."), "- Bonjour, toi.");
+    EXPECT_EQ(inFrench("C\u2019est l\u2019\u00e9t\u00e9"), "C'est l'\u00e9t\u00e9");
+    // English ones do not.
+    EXPECT_EQ(inFrench("| l"), "| l");
+}
+
+TEST(OcrCorrections, EnglishKeepsItsEllipsisToo)
+{
+    EXPECT_EQ(corrected("Well..."), "Well...");
+    EXPECT_EQ(corrected("Wait ... what?"), "Wait ... what?");
+}
+
+TEST(OcrCorrections, ABracketedSoundStaysAsDrawn)
+{
+    const QSet<QString>& words = zemsub::tool::englishWords();
+    for (const char* line : {"[squawk]", "[Squawk]", "[laughs]", "(sighs)", "[LAUGHTER]"})
+        EXPECT_EQ(correctReading(QString::fromUtf8(line), QStringLiteral("eng"), &words).toStdString(), line);
+}
+
+TEST(OcrCorrections, EllReadForIIsRaisedWhereOnlyTheIFormIsAWord)
+{
+    const QSet<QString> words{"is", "it", "if", "this", "lot", "it's"};
+    auto fixed = [&words](const char* line) {
+        return correctReading(QString::fromUtf8(line), QStringLiteral("eng"), &words).toStdString();
+    };
+    EXPECT_EQ(fixed("ls this it?"), "Is this it?");
+    EXPECT_EQ(fixed("and lt is"), "and it is");
+    EXPECT_EQ(fixed("Stop. lf you go"), "Stop. If you go");
+    // A word of its own stays.
+    EXPECT_EQ(fixed("a lot"), "a lot");
+    // Word lists know "ls" as a command; a subtitle means "Is".
+    const QSet<QString> withLs{"is", "ls"};
+    EXPECT_EQ(correctReading(QStringLiteral("ls this it"), QStringLiteral("eng"), &withLs).toStdString(),
+              "Is this it");
+    // Not in French.
+    EXPECT_EQ(correctReading(QStringLiteral("ls"), QStringLiteral("fra"), &words).toStdString(), "ls");
+}
+
+TEST(OcrCorrections, EachLanguageHasItsWordListWhereDebianHasOne)
+{
+    EXPECT_TRUE(zemsub::tool::wordList("fra").contains(QStringLiteral("encre")));
+    EXPECT_TRUE(zemsub::tool::wordList("eng").contains(QStringLiteral("lighthouse")));
+    EXPECT_TRUE(zemsub::tool::wordList("zzz").isEmpty());
 }
 
 } // namespace
