@@ -7,7 +7,7 @@ FUZZ_SECONDS ?= 60
 FUZZ_JOBS ?= 1
 export QT_QPA_PLATFORM ?= offscreen
 
-.PHONY: all deps build demo test bench fuzz sanitize memcheck clean
+.PHONY: all deps build demo test bench pictures-accuracy fuzz sanitize memcheck clean
 
 all: build
 
@@ -39,6 +39,11 @@ bench:
 	cmake -S . -B $(BUILD)/bench -G Ninja -DCMAKE_BUILD_TYPE=Release -DZEMSUB_QT_MAJOR=6 -DZEMSUB_BUILD_BENCH=ON -DZEMSUB_BUILD_TESTS=OFF
 	cmake --build $(BUILD)/bench -j $(JOBS) --target zemsub_bench
 	$(BUILD)/bench/bench/zemsub_bench $(BENCH_ARGS)
+
+# Real picture tracks (../shared/pictures, when it is there) read by zemsub convert and
+# scored by their judge: per track and overall (tools/measure-pictures.sh).
+pictures-accuracy: build
+	@bash tools/measure-pictures.sh $(BUILD)/qt6 $(PICTURES)
 
 # libFuzzer targets (clang): builds them, then runs each for FUZZ_SECONDS seconds (FUZZ_JOBS
 # at a time) from its seeds, the samples, the generated quirk set, the stored outputs' odd

@@ -94,8 +94,8 @@ TEST(ZemsubHost, FixedCopyOfAVideosTrackOrOfPicturesPlays)
     // A video file: the copy of the track a player takes (the French one, flagged default); its
     // italic caption shows, but not in italics.
     playFixed(sample("tracks.mkv"), "7 of 8 captions as written");
-    // Blu-ray pictures, read as text first.
-    playFixed(sample("words.sup"), "8 of 8 captions as written");
+    // Blu-ray pictures, read as text first; the one drawn in italics shows upright.
+    playFixed(sample("words.sup"), "7 of 8 captions as written");
 }
 
 TEST(ZemsubHost, NoCaptionToCaptureExitsOne)

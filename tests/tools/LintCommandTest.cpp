@@ -581,13 +581,22 @@ TEST(ZemsubLint, PicturesAreReadAsTextAndNoneIsShownByTheLibrary)
     EXPECT_TRUE(missing.err.contains("words.sup: cannot lint: no Tesseract data for zzz")) << missing.err.toStdString();
 }
 
-TEST(ZemsubLint, LowConfidenceIsSaidPerCaption)
+TEST(ZemsubLint, PicturesOfNoTextAreLeftOutAndListed)
 {
-    // The VobSub sample's pictures are bars, not letters: whatever is read, Tesseract doubts it.
+    // The VobSub sample's pictures are bars, not letters: no captions, each picture listed.
     const RunResult text = runZemsub({"lint", "--track", "2", sample("tracks.mkv")});
-    EXPECT_EQ(text.exitCode, 3) << text.err.toStdString();
+    EXPECT_EQ(text.exitCode, 0) << text.err.toStdString();
     EXPECT_TRUE(text.out.contains("  pictures read as text in eng (Tesseract)\n")) << text.out.toStdString();
-    EXPECT_TRUE(text.out.contains("  caption 1, 00:00:01,000: read with low confidence (")) << text.out.toStdString();
+    EXPECT_TRUE(text.out.contains(": 0 captions as ")) << text.out.toStdString();
+    EXPECT_TRUE(text.out.contains("  00:00:01,000 --> 00:00:03,491: picture of 96x24 at 300,400 left out: "
+                                  "nothing read as a word\n"))
+        << text.out.toStdString();
+    const RunResult json = runZemsub({"lint", "--track", "2", sample("tracks.mkv"), "--json"});
+    const nlohmann::json leftOut = nlohmann::json::parse(json.out.toStdString())["leftOut"];
+    ASSERT_EQ(leftOut.size(), 3u);
+    EXPECT_EQ(leftOut[2]["start"], 7500);
+    EXPECT_EQ(leftOut[2]["width"], 200);
+    EXPECT_EQ(leftOut[2]["why"], "nothing read as a word");
 }
 
 } // namespace

@@ -3,10 +3,13 @@
 #include "pictures/OcrLanguage.h"
 #include "pictures/PictureText.h"
 #include "reading/EventText.h"
+#include "reading/StyledText.h"
 #include "reading/ReadWrittenFile.h"
 #include "reading/TrackChoice.h"
 
 #include <QRegularExpression>
+
+#include <algorithm>
 
 namespace zemsubfix {
 
@@ -73,10 +76,11 @@ QString withoutDrawing(const QString& raw)
 
 // A picture track read as text: one caption per picture shown.
 void readPictures(SourceFile& source, const QByteArray& bytes, const QString& fileName, int track,
-                  const QString& language, const std::function<void(int, int)>& progress)
+                  const QString& language, const std::function<void(int, int)>& progress, bool keepPictures)
 {
     using namespace zemsub::tool;
-    const PictureText read = readPictureText(bytes, fileName, track, language, progress);
+    const PictureText read =
+        readPictureText(bytes, fileName, track, language, progress, keepPictures ? &source.shownPictures : nullptr);
     source.ocrLanguage = language;
     if (!read.read) {
         source.error = read.failure;
@@ -84,14 +88,32 @@ void readPictures(SourceFile& source, const QByteArray& bytes, const QString& fi
     }
     source.readable = true;
     source.encoding = QStringLiteral("UTF-8");
+    source.pictures = true;
+    source.frame = read.frame;
+    source.leftOut = read.leftOut;
+    for (const PictureCaption& picture : read.captions)
+        source.screen.push_back(ScreenPicture{picture.start, picture.end, picture.place.top(), picture.text});
+    // Pictures of one display go bottom first: the copy stacks a later caption above an earlier one.
+    std::vector<PictureCaption> captions = read.captions;
+    std::stable_sort(captions.begin(), captions.end(), [](const PictureCaption& a, const PictureCaption& b) {
+        return a.display != b.display ? a.display < b.display : a.place.top() > b.place.top();
+    });
     int index = 0;
-    for (const PictureCaption& picture : read.captions) {
+    for (const PictureCaption& picture : captions) {
         SourceCaption caption;
         caption.index = ++index;
         caption.start = picture.start;
         caption.end = picture.end;
         caption.text = picture.text;
         caption.confidence = picture.confidence;
+        caption.picture = picture.picture;
+        caption.runs = picture.runs;
+        caption.alignment = picture.alignment;
+        caption.forced = picture.forced;
+        caption.narrowItalic = picture.narrowItalic;
+        // The library draws no italics.
+        if (picture.partlyItalic())
+            caption.notDrawn.push_back(CauseId::Italics);
         source.captions.push_back(caption);
     }
 }
@@ -100,7 +122,7 @@ void readPictures(SourceFile& source, const QByteArray& bytes, const QString& fi
 
 SourceFile readSource(const QByteArray& bytes, const QString& fileName, const QString& forcedEncoding,
                       int track, const QString& language, const QString& ocrLanguage,
-                      const std::function<void(int, int)>& pictureProgress)
+                      const std::function<void(int, int)>& pictureProgress, bool keepPictures)
 {
     using namespace zemsub::tool;
     SourceFile source;
@@ -120,6 +142,7 @@ SourceFile readSource(const QByteArray& bytes, const QString& fileName, const QS
     source.track = choice.index;
     source.trackReason = choice.why;
     source.trackSummary = describeChoice(tracks.tracks[size_t(choice.index)], choice);
+    source.language = tracks.tracks[size_t(choice.index)].language;
     const WrittenFile written = readWrittenTrack(bytes, fileName, forcedEncoding, tracks, choice.index);
     if (written.failed()) {
         source.error = written.failure;
@@ -128,7 +151,7 @@ SourceFile readSource(const QByteArray& bytes, const QString& fileName, const QS
     if (written.pictures) {
         const QString tag = tracks.tracks[size_t(choice.index)].language;
         readPictures(source, bytes, fileName, choice.index,
-                     readingLanguage(ocrLanguage, tag), pictureProgress);
+                     readingLanguage(ocrLanguage, tag), pictureProgress, keepPictures);
         return source;
     }
     source.readable = true;
@@ -146,6 +169,9 @@ SourceFile readSource(const QByteArray& bytes, const QString& fileName, const QS
                 ? eventTextField(block.event)
                 : block.rawLines.join(QLatin1Char('\n'));
         caption.notDrawn = markupCauses(raw);
+        const StyledText styled = styledText(eventTextField(block.event));
+        caption.runs = styled.runs;
+        caption.alignment = styled.alignment;
         for (CauseId id : caption.notDrawn) {
             if (id == CauseId::Drawing && (written.kind == WrittenKind::Script || written.utf8Track))
                 caption.text = shownText(withoutDrawing(raw));

@@ -1,6 +1,8 @@
 #ifndef ZEMSUBFIX_FIXSOURCE_H
 #define ZEMSUBFIX_FIXSOURCE_H
 
+#include "pictures/PictureText.h"
+#include "reading/StyledText.h"
 #include "zemsub/lint/LintCauses.h"
 
 #include <QByteArray>
@@ -19,8 +21,23 @@ struct SourceCaption
     long long end = 0;
     QString text; // lines joined by "\n"
     int confidence = -1; // read from a picture: Tesseract's confidence; -1 for text
+    int picture = -1;    // read from a picture: which one, from 0
     // What the player draws besides the text, or times, that the library cannot show.
     std::vector<zemsub::tool::CauseId> notDrawn;
+    std::vector<zemsub::tool::TextRun> runs; // the text in runs of italic and upright
+    int alignment = 2;   // where on the frame, as a numeric keypad
+    bool forced = false; // a forced picture
+    bool narrowItalic = false; // read from a picture: a word's slant was decided narrowly
+};
+
+// One picture of a picture track as the decoder and the display rule give it,
+// with the text read from it.
+struct ScreenPicture
+{
+    long long start = 0;
+    long long end = 0;
+    int top = 0;  // its top on the frame
+    QString text; // lines joined by "\n"
 };
 
 struct SourceFile
@@ -33,7 +50,16 @@ struct SourceFile
     QString trackSummary; // the track and why, in one line
     QString scriptHeader; // an ASS/SSA track's header as stored beside it (Matroska, MP4)
     QString ocrLanguage;  // the Tesseract language a picture track was read in
+    QString language;     // the track's language as tagged; empty when untagged
+    bool pictures = false; // read from pictures
+    QSize frame;          // pictures: the frame they lie on
     std::vector<SourceCaption> captions;
+    std::vector<zemsub::tool::LeftOutPicture> leftOut; // pictures that hold no text
+    // Pictures: each as the display rule shows it, with its top and its text,
+    // apart from the captions that the copy is written from.
+    std::vector<ScreenPicture> screen;
+    // Pictures, when asked for: each picture as decoded (captions and pictures left out name theirs).
+    std::vector<zemsub::tool::ShownPicture> shownPictures;
 };
 
 // The one place where the original is read.
@@ -43,7 +69,7 @@ struct SourceFile
 SourceFile readSource(const QByteArray& bytes, const QString& fileName, const QString& forcedEncoding,
                       int track = -1, const QString& language = QString(),
                       const QString& ocrLanguage = QString(),
-                      const std::function<void(int, int)>& pictureProgress = nullptr);
+                      const std::function<void(int, int)>& pictureProgress = nullptr, bool keepPictures = false);
 
 } // namespace zemsubfix
 

@@ -8,9 +8,12 @@ set(ZEMSUBFIX_SOURCES
   ${ZEMSUBFIX_DIR}/FixSource.cpp
   ${ZEMSUBFIX_DIR}/HeldTimes.cpp
   ${ZEMSUBFIX_DIR}/LineSink.cpp
+  ${ZEMSUBFIX_DIR}/PlainWriter.cpp
+  ${ZEMSUBFIX_DIR}/PlayerScreen.cpp
   ${ZEMSUBFIX_DIR}/ScriptWriter.cpp
   ${ZEMSUBFIX_DIR}/Stretch.cpp
   ${ZEMSUBFIX_DIR}/SubRipWriter.cpp
+  ${ZEMSUBFIX_DIR}/ZemsubConvert.cpp
   ${ZEMSUBFIX_DIR}/ZemsubFix.cpp
   # lint's words for the causes, and the readers' line limits they quote.
   ${ZEMSUBFIX_DIR}/../zemsub/lint/LintCauseTexts.cpp

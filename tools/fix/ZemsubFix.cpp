@@ -5,6 +5,7 @@
 #include "FixReasons.h"
 #include "FixSource.h"
 #include "HeldTimes.h"
+#include "PlayerScreen.h"
 #include "ScriptWriter.h"
 #include "Stretch.h"
 #include "SubRipWriter.h"
@@ -115,7 +116,11 @@ int FixReport::exitCode() const
     return allAsWritten() ? 0 : 3;
 }
 
-FixReport fixBuffer(const QByteArray& bytes, const QString& fileName, const FixOptions& options)
+namespace {
+
+// The copy of the original in bytes, or the one given, judged through the library.
+FixReport judgeCopy(const QByteArray& bytes, const QString& fileName, const FixOptions& options,
+                    const QByteArray* given)
 {
     FixReport report;
     report.format = options.format;
@@ -132,13 +137,21 @@ FixReport fixBuffer(const QByteArray& bytes, const QString& fileName, const FixO
     }
     report.readable = true;
     report.encoding = source.encoding;
+    for (const zemsub::tool::LeftOutPicture& picture : source.leftOut)
+        report.leftOut.push_back(LeftOutPicture{picture.start, picture.end, picture.place.x(), picture.place.y(),
+                                                picture.place.width(), picture.place.height(), picture.why});
 
     const std::vector<SourceCaption> held = heldCaptions(source.captions, options.format);
     const std::vector<Stretch> stretches = buildStretches(held);
-    const CopyText copy = options.format == CopyFormat::SubRip ? writeSubRip(stretches)
-                                                               : writeScript(stretches, source.scriptHeader);
-    report.copy = copy.text.toLocal8Bit();
-    report.copyLines = copy.lines;
+    if (given) {
+        report.copy = *given;
+        report.copyLines = int(given->count('\n')) + (given->endsWith('\n') || given->isEmpty() ? 0 : 1);
+    } else {
+        const CopyText copy = options.format == CopyFormat::SubRip ? writeSubRip(stretches)
+                                                                   : writeScript(stretches, source.scriptHeader);
+        report.copy = copy.text.toLocal8Bit();
+        report.copyLines = copy.lines;
+    }
 
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("copy.") + formatExtension(options.format));
@@ -148,7 +161,11 @@ FixReport fixBuffer(const QByteArray& bytes, const QString& fileName, const FixO
         return report;
     }
     file.close();
-    const CopyCheck check = checkCopy(path, held, stretches, options.format == CopyFormat::SubRip);
+    // A picture track's SubRip copy must show what a player shows of its displays, worked out
+    // from them apart from the stretches the copy was written from.
+    const bool exact = options.format == CopyFormat::SubRip;
+    const CopyCheck check =
+        checkCopy(path, held, source.pictures && exact ? playerScreen(source.screen) : stretches, exact);
     report.copyOpens = check.opened;
     report.shownInGaps = check.shownInGaps;
 
@@ -173,6 +190,31 @@ FixReport fixBuffer(const QByteArray& bytes, const QString& fileName, const FixO
         report.captions.push_back(outcome);
     }
     return report;
+}
+
+} // namespace
+
+FixReport fixBuffer(const QByteArray& bytes, const QString& fileName, const FixOptions& options)
+{
+    return judgeCopy(bytes, fileName, options, nullptr);
+}
+
+FixReport checkCopyFile(const QString& inputPath, const QString& copyPath, const FixOptions& options)
+{
+    FixReport report;
+    report.format = options.format;
+    QFile copy(copyPath);
+    if (!copy.open(QIODevice::ReadOnly)) {
+        report.error = QStringLiteral("cannot read %1: %2").arg(copyPath, copy.errorString());
+        return report;
+    }
+    const QByteArray given = copy.readAll();
+    const zemsub::tool::FileBytes input(inputPath);
+    if (!input.opened()) {
+        report.error = input.error();
+        return report;
+    }
+    return judgeCopy(input.bytes(), inputPath, options, &given);
 }
 
 std::vector<TrackInfo> listTracks(const QString& path, QString* error)
@@ -202,6 +244,7 @@ std::vector<TrackInfo> listTracks(const QString& path, QString* error)
         info.isDefault = track.isDefault;
         info.forced = track.forced;
         info.captions = track.captions;
+        info.forcedCaptions = track.forcedCaptions;
         info.first = track.first;
         info.last = track.last;
         tracks.push_back(info);

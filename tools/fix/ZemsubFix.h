@@ -60,6 +60,7 @@ struct TrackInfo
     bool isDefault = false;
     bool forced = false;
     int captions = 0;
+    int forcedCaptions = 0; // picture tracks: captions flagged forced (shown with subtitles off)
     long long first = -1; // milliseconds: start of the earliest caption (may be below 0); -1 when none
     long long last = -1;  // milliseconds: end of the latest caption; -1 when none
 };
@@ -89,6 +90,15 @@ struct CaptionOutcome
     bool asWritten() const { return textShown && reasons.empty(); }
 };
 
+// A picture of a picture track that holds no text (a dot, a bar, a logo): left out of the copy.
+struct LeftOutPicture
+{
+    long long start = 0;
+    long long end = 0;
+    int x = 0, y = 0, width = 0, height = 0; // on the frame
+    QString why;                             // "ink too small for a letter", "nothing read as a word"
+};
+
 struct ZEMSUBFIX_EXPORT FixReport
 {
     bool readable = false; // false: the input cannot be read, nothing was written
@@ -104,6 +114,7 @@ struct ZEMSUBFIX_EXPORT FixReport
     bool copyOpens = false; // the library opened the copy
     std::vector<CaptionOutcome> captions;
     std::vector<long long> shownInGaps; // times where the copy shows a caption but the original none
+    std::vector<LeftOutPicture> leftOut; // pictures read as text that hold none
 
     bool allAsWritten() const;
     // 0 every caption shows as written; 3 the copy was written but some cannot; 1 unreadable.
@@ -121,6 +132,13 @@ ZEMSUBFIX_EXPORT FixReport fixBuffer(const QByteArray& bytes, const QString& fil
 // cannot be written, the report says so in error and exitCode() is 1.
 ZEMSUBFIX_EXPORT FixReport fixFile(const QString& inputPath, const QString& outputPath,
                                    const FixOptions& options);
+
+// Judges a copy that exists (made earlier, or by hand) as fixFile judges its own:
+// what the library shows of copyPath at each caption's start, middle and end
+// against what a player shows of the original. Nothing is written; report.copy
+// holds the copy's bytes. options.format names the copy's format.
+ZEMSUBFIX_EXPORT FixReport checkCopyFile(const QString& inputPath, const QString& copyPath,
+                                         const FixOptions& options);
 
 } // namespace zemsubfix
 

@@ -15,6 +15,8 @@ constexpr int kOpaque = 128;      // alpha from which a pixel counts as drawn
 constexpr double kInnerShare = 0.1; // at most this share of a fill colour's pixels touch the ground
 constexpr double kEdgeShare = 0.3;  // at least this share of an outline colour's pixels do
 constexpr int kMargin = 8;        // ground around a line, in scaled pixels
+constexpr int kLeastLine = 32;    // lines of their own height: no lower (small ones are enlarged)
+constexpr int kMostLine = 48;     // and no higher
 
 bool drawn(const QImage& picture, int x, int y)
 {
@@ -109,7 +111,25 @@ QImage textFill(const QImage& source)
     return mask;
 }
 
+QRect LineCut::onMask(const QRect& onImage) const
+{
+    const auto back = [this](int value, int origin) {
+        return origin + int(std::lround(double(value - margin) / scale));
+    };
+    const QPoint topLeft(back(onImage.left(), box.left()), back(onImage.top(), box.top()));
+    const QPoint bottomRight(back(onImage.right() + 1, box.left()), back(onImage.bottom() + 1, box.top()));
+    return QRect(topLeft, bottomRight - QPoint(1, 1)).intersected(box);
+}
+
 std::vector<QImage> textLines(const QImage& mask, int lineHeight)
+{
+    std::vector<QImage> images;
+    for (LineCut& line : cutLines(mask, lineHeight))
+        images.push_back(std::move(line.image));
+    return images;
+}
+
+std::vector<LineCut> cutLines(const QImage& mask, int lineHeight)
 {
     // Rows holding text, grouped into bands; a band much lower than the tallest
     // (accents, dots, the tail of a comma) joins its nearest neighbour.
@@ -143,7 +163,7 @@ std::vector<QImage> textLines(const QImage& mask, int lineHeight)
         bands.erase(bands.begin() + long(i));
     }
 
-    std::vector<QImage> lines;
+    std::vector<LineCut> lines;
     for (const Band& band : bands) {
         int left = mask.width(), right = -1;
         for (int y = band.top; y < band.bottom; ++y) {
@@ -156,15 +176,16 @@ std::vector<QImage> textLines(const QImage& mask, int lineHeight)
             }
         }
         const QImage cut = mask.copy(left, band.top, right - left + 1, band.height());
-        const double scale = double(lineHeight) / double(std::max(1, band.height()));
-        const QSize size(std::max(1, int(std::lround(cut.width() * scale))), lineHeight);
+        const int height = lineHeight > 0 ? lineHeight : std::clamp(band.height(), kLeastLine, kMostLine);
+        const double scale = double(height) / double(std::max(1, band.height()));
+        const QSize size(std::max(1, int(std::lround(cut.width() * scale))), height);
         QImage line(size + QSize(2 * kMargin, 2 * kMargin), QImage::Format_Grayscale8);
         line.fill(255);
         QPainter painter(&line);
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
         painter.drawImage(QRect(QPoint(kMargin, kMargin), size), cut);
         painter.end();
-        lines.push_back(line);
+        lines.push_back(LineCut{QRect(left, band.top, right - left + 1, band.height()), line, scale, kMargin});
     }
     return lines;
 }

@@ -2,13 +2,11 @@
 
 #include "OcrCorrections.h"
 #include "OcrLanguage.h"
-#include "PicturePrep.h"
 #include "TextReader.h"
 
 #include <QCryptographicHash>
 #include <QHash>
 #include <QVector>
-#include <QStringList>
 
 #include <algorithm>
 #include <atomic>
@@ -20,38 +18,62 @@ namespace zemsub::tool {
 
 namespace {
 
-struct Reading
-{
-    QString text;
-    int confidence = 100;
-};
+const QSize kLeastFrame(720, 480);
 
-Reading readPicture(TextReader& reader, const QImage& picture, const QSet<QString>* words)
+// Pictures are told apart by a digest of their size, palette and pixels.
+QByteArray digestOf(const QImage& image)
 {
-    Reading reading;
-    QStringList lines;
-    for (const QImage& line : textLines(textFill(picture))) {
-        const ReadLine read = reader.read(line);
-        const QString text = correctReading(read.text, words);
-        if (text.isEmpty())
-            continue;
-        lines << text;
-        reading.confidence = std::min(reading.confidence, read.confidence);
-    }
-    reading.text = lines.join(QLatin1Char('\n'));
-    if (reading.text.isEmpty())
-        reading.confidence = 0;
-    return reading;
+    QCryptographicHash digest(QCryptographicHash::Sha1);
+    digest.addData(QByteArray::number(image.width()) + 'x' + QByteArray::number(image.height()) + ':' +
+                   QByteArray::number(int(image.format())) + ':');
+    const QVector<QRgb> table = image.colorTable();
+    digest.addData(QByteArray::fromRawData(reinterpret_cast<const char*>(table.constData()),
+                                           int(table.size() * sizeof(QRgb))));
+    digest.addData(
+        QByteArray::fromRawData(reinterpret_cast<const char*>(image.constBits()), int(image.sizeInBytes())));
+    return digest.result();
+}
+
+QSize frameOf(const std::vector<ShownPicture>& pictures, QSize frame)
+{
+    if (!frame.isEmpty())
+        return frame;
+    QSize reached = kLeastFrame;
+    for (const ShownPicture& picture : pictures)
+        reached = reached.expandedTo(QSize(picture.position.x() + picture.image.width(),
+                                           picture.position.y() + picture.image.height()));
+    return reached;
 }
 
 } // namespace
 
+bool PictureCaption::italic() const
+{
+    return !runs.empty() && std::all_of(runs.begin(), runs.end(), [](const TextRun& run) {
+        return run.italic || run.text.trimmed().isEmpty();
+    });
+}
+
+bool PictureCaption::partlyItalic() const
+{
+    return std::any_of(runs.begin(), runs.end(), [](const TextRun& run) { return run.italic; });
+}
+
+int alignmentOf(const QRect& place, QSize frame)
+{
+    const int row = place.bottom() < frame.height() / 2 ? 7 : 1;
+    const int offset = place.center().x() - frame.width() / 2;
+    const int column = offset < -frame.width() / 10 ? 0 : offset > frame.width() / 10 ? 2 : 1;
+    return row + column;
+}
+
 PictureText readPictures(const std::vector<ShownPicture>& pictures, const QString& language,
-                         const ReadingProgress& progress)
+                         const ReadingProgress& progress, QSize frame)
 {
     PictureText result;
     result.language = language;
     result.pictures = int(pictures.size());
+    result.frame = frameOf(pictures, frame);
     if (!languageInstalled(language)) {
         result.failure = missingLanguageMessage(language);
         return result;
@@ -61,31 +83,20 @@ PictureText readPictures(const std::vector<ShownPicture>& pictures, const QStrin
     std::vector<int> readingOf(pictures.size());
     std::vector<const QImage*> distinct;
     for (size_t i = 0; i < pictures.size(); ++i) {
-        const QImage& image = pictures[i].image;
-        // Pictures are told apart by a digest of their size, palette and pixels.
-        QCryptographicHash digest(QCryptographicHash::Sha1);
-        digest.addData(QByteArray::number(image.width()) + 'x' + QByteArray::number(image.height()) + ':' +
-                       QByteArray::number(int(image.format())) + ':');
-        const QVector<QRgb> table = image.colorTable();
-        digest.addData(QByteArray::fromRawData(reinterpret_cast<const char*>(table.constData()),
-                                               int(table.size() * sizeof(QRgb))));
-        digest.addData(QByteArray::fromRawData(reinterpret_cast<const char*>(image.constBits()),
-                                               int(image.sizeInBytes())));
-        const QByteArray key = digest.result();
+        const QByteArray key = digestOf(pictures[i].image);
         const auto known = seen.constFind(key);
         if (known != seen.constEnd()) {
             readingOf[i] = *known;
         } else {
             readingOf[i] = int(distinct.size());
             seen.insert(key, int(distinct.size()));
-            distinct.push_back(&image);
+            distinct.push_back(&pictures[i].image);
         }
     }
     result.distinct = int(distinct.size());
-    // The word list helps English only.
-    const QSet<QString>* words = language == QLatin1String("eng") ? &englishWords() : nullptr;
+    const QSet<QString>* words = &wordList(language);
 
-    std::vector<Reading> readings(distinct.size());
+    std::vector<PictureReading> readings(distinct.size());
     std::atomic<size_t> next{0};
     std::mutex progressLock;
     int done = 0;
@@ -112,9 +123,8 @@ PictureText readPictures(const std::vector<ShownPicture>& pictures, const QStrin
                 failed = true;
                 return;
             }
-            for (size_t i = next++; i < distinct.size(); i = next++)
-            {
-                readings[i] = readPicture(reader, *distinct[i], words);
+            for (size_t i = next++; i < distinct.size(); i = next++) {
+                readings[i] = readPicture(reader, *distinct[i], result.frame.height(), language, words);
                 tell();
             }
         });
@@ -127,27 +137,51 @@ PictureText readPictures(const std::vector<ShownPicture>& pictures, const QStrin
         return result;
     }
     for (size_t i = 0; i < pictures.size(); ++i) {
-        const Reading& reading = readings[size_t(readingOf[i])];
-        if (reading.text.isEmpty())
+        const ShownPicture& picture = pictures[i];
+        const PictureReading& reading = readings[size_t(readingOf[i])];
+        const QRect place(picture.position, picture.image.size());
+        long long end = picture.end;
+        if (picture.ended == DisplayEnd::ReadingTime)
+            end = readingTimeEnd(picture.start, int(reading.text.size()));
+        if (!reading.graphic.isEmpty()) {
+            result.leftOut.push_back(LeftOutPicture{picture.start, end, place, reading.graphic, int(i)});
             continue;
-        result.captions.push_back(
-            PictureCaption{pictures[i].start, pictures[i].end, reading.text, reading.confidence, int(i)});
+        }
+        PictureCaption caption;
+        caption.start = picture.start;
+        caption.end = end;
+        caption.text = reading.text;
+        caption.confidence = reading.confidence;
+        caption.picture = int(i);
+        caption.display = picture.display;
+        caption.forced = picture.forced;
+        caption.runs = reading.runs;
+        caption.narrowItalic = reading.narrowItalic;
+        caption.place = place;
+        caption.alignment = alignmentOf(place, result.frame);
+        caption.ended = picture.ended;
+        result.captions.push_back(caption);
     }
     result.read = true;
     return result;
 }
 
 PictureText readPictureText(const QByteArray& bytes, const QString& fileName, int track, const QString& language,
-                            const ReadingProgress& progress)
+                            const ReadingProgress& progress, std::vector<ShownPicture>* pictures)
 {
-    const PictureCaptions decoded = readPictureCaptions(bytes, fileName, track);
+    PictureCaptions decoded = readPictureCaptions(bytes, fileName, track);
     if (!decoded.read) {
         PictureText result;
         result.failure = decoded.failure;
         return result;
     }
-    PictureText result = readPictures(decoded.pictures, language, progress);
+    QSize frame = decoded.frame;
+    if (decoded.codec == QLatin1String("pgssub") && frame.isEmpty())
+        frame = QSize(1920, 1080);
+    PictureText result = readPictures(decoded.pictures, language, progress, frame);
     result.codec = decoded.codec;
+    if (pictures)
+        *pictures = std::move(decoded.pictures);
     return result;
 }
 

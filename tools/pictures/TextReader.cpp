@@ -3,6 +3,7 @@
 #include "OcrLanguage.h"
 
 #include <tesseract/baseapi.h>
+#include <tesseract/resultiterator.h>
 
 #include <memory>
 
@@ -44,6 +45,22 @@ ReadLine TextReader::read(const QImage& source)
     const std::unique_ptr<char[]> text(m_api->GetUTF8Text());
     line.text = text ? QString::fromUtf8(text.get()).trimmed() : QString();
     line.confidence = m_api->MeanTextConf();
+    const std::unique_ptr<tesseract::ResultIterator> words(m_api->GetIterator());
+    if (words) {
+        do {
+            const std::unique_ptr<char[]> word(words->GetUTF8Text(tesseract::RIL_WORD));
+            if (!word)
+                continue;
+            ReadWord read;
+            read.text = QString::fromUtf8(word.get()).trimmed();
+            read.confidence = int(words->Confidence(tesseract::RIL_WORD));
+            int left = 0, top = 0, right = 0, bottom = 0;
+            if (words->BoundingBox(tesseract::RIL_WORD, &left, &top, &right, &bottom))
+                read.box = QRect(QPoint(left, top), QPoint(right - 1, bottom - 1));
+            if (!read.text.isEmpty())
+                line.words.push_back(read);
+        } while (words->Next(tesseract::RIL_WORD));
+    }
     m_api->Clear();
     return line;
 }

@@ -2,8 +2,10 @@
 #define ZEMSUB_PICTURES_TEXTREADER_H
 
 #include <QImage>
+#include <QRect>
 #include <QString>
 #include <memory>
+#include <vector>
 
 namespace tesseract {
 class TessBaseAPI;
@@ -11,11 +13,20 @@ class TessBaseAPI;
 
 namespace zemsub::tool {
 
-// One line of text as Tesseract reads it.
-struct ReadLine
+// One word of a line as Tesseract reads it.
+struct ReadWord
 {
     QString text;
     int confidence = 0; // 0 to 100
+    QRect box;          // where it lies on the line's picture
+};
+
+// One line of text as Tesseract reads it.
+struct ReadLine
+{
+    QString text;       // its words, joined by single spaces
+    int confidence = 0; // 0 to 100
+    std::vector<ReadWord> words;
 };
 
 // A Tesseract engine for one language, reading one line of text at a time. An

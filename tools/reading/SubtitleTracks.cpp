@@ -45,6 +45,16 @@ bool showsSomething(const AVSubtitle& subtitle)
     return false;
 }
 
+// Whether a picture of the subtitle is flagged forced.
+bool isForced(const AVSubtitle& subtitle)
+{
+    for (unsigned i = 0; i < subtitle.num_rects; ++i) {
+        if (subtitle.rects[i] && (subtitle.rects[i]->flags & AV_SUBTITLE_FLAG_FORCED))
+            return true;
+    }
+    return false;
+}
+
 void count(SubtitleTrack& track, long long start, long long end)
 {
     // A caption may start before 0 (FFmpeg reads negative hours): the count says whether first and last are
@@ -127,8 +137,10 @@ TrackList listSubtitleTracks(const QByteArray& bytes, const QString& fileName)
                 AVSubtitle subtitle{};
                 int got = 0;
                 if (avcodec_decode_subtitle2(decoder, &subtitle, &got, packet.get()) >= 0 && got &&
-                    showsSomething(subtitle))
+                    showsSomething(subtitle)) {
                     count(track, start, end);
+                    track.forcedCaptions += isForced(subtitle);
+                }
                 if (got)
                     avsubtitle_free(&subtitle);
             }

@@ -19,6 +19,7 @@ struct SubtitleTrack
     bool isDefault = false; // AV_DISPOSITION_DEFAULT
     bool forced = false;    // AV_DISPOSITION_FORCED
     int captions = 0;       // decoded captions (or packets, when FFmpeg has no decoder)
+    int forcedCaptions = 0; // of them pictures flagged forced (PGS composition flag, DVD forced command)
     long long first = -1;   // milliseconds: start of the earliest caption (may be below 0); -1 when none
     long long last = -1;    // milliseconds: end of the latest caption; -1 when none
 };

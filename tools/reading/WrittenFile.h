@@ -52,6 +52,15 @@ struct HexValue
     QString value;
 };
 
+// A picture that holds no text (a dot, a bar, a logo), left out of the captions.
+struct LeftOutGraphic
+{
+    long long start = 0;
+    long long end = 0;
+    int x = 0, y = 0, width = 0, height = 0; // on the frame
+    QString why;
+};
+
 struct WrittenFile
 {
     WrittenKind kind = WrittenKind::Unknown;
@@ -63,6 +72,7 @@ struct WrittenFile
     bool pictures = false;  // FFmpeg reads subtitles drawn as pictures (VobSub, PGS, ...): no blocks
                             // unless they are read as text (readAs)
     QString readAs;         // pictures read as text: the Tesseract language; empty otherwise
+    std::vector<LeftOutGraphic> leftOut; // pictures read as text that hold none
     int track = -1;         // the subtitle track read, from 0; -1: the one FFmpeg finds best
     bool utf8Track = false; // a Matroska or MP4 track: UTF-8 text, no lines of its own (blocks are events)
     QString scriptHeader;   // such a track's ASS/SSA header ([Script Info], styles), as stored beside it

@@ -101,12 +101,15 @@ QString generalHelp()
         "                         player, and why\n"
         "  fix FILE -o OUT [--json] [--encoding NAME] [--in-place] [--track N | --language CODE]\n"
         "                         a copy the library shows as written, and per caption why not\n"
+        "  convert FILE... -o OUT [--json] [--track N | --language CODE] [--forced-only] [--overwrite]\n"
+        "                         a plain copy (srt, ass, vtt) as players show the track, for any player\n"
         "\n"
         "TIME is milliseconds (1500), hh:mm:ss,mmm (00:00:01,500) or h:mm:ss.cc (0:00:01.50).\n"
         "Run zemsub <command> --help for a command's options.\n"
         "\n"
         "Exit codes: 0 success, 1 the file cannot be opened or parsed, 2 usage error,\n"
-        "3 (lint) the file does not show as written, (fix) some captions cannot show as written.\n");
+        "3 (lint) the file does not show as written, (fix) some captions cannot show as written,\n"
+        "(convert) some file could not be converted.\n");
 }
 
 QString versionText()

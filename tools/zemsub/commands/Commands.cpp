@@ -4,7 +4,8 @@ namespace zemsub::tool {
 
 bool commandPaints(const QString& command)
 {
-    return command == QLatin1String("render") || command == QLatin1String("sheet");
+    return command == QLatin1String("render") || command == QLatin1String("sheet") ||
+           command == QLatin1String("convert"); // its --review sheet
 }
 
 CommandRunner findCommand(const QString& command)
@@ -17,7 +18,7 @@ CommandRunner findCommand(const QString& command)
     static const Entry commands[] = {
         {"info", runInfo},     {"at", runAt},       {"dump", runDump},
         {"render", runRender}, {"sheet", runSheet}, {"lint", runLint},
-        {"fix", runFix},       {"tracks", runTracks},
+        {"fix", runFix},       {"tracks", runTracks}, {"convert", runConvert},
     };
     for (const Entry& entry : commands) {
         if (command == QLatin1String(entry.name))

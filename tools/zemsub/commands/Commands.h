@@ -15,6 +15,7 @@ int runSheet(const QStringList& args);
 int runLint(const QStringList& args);
 int runFix(const QStringList& args);
 int runTracks(const QStringList& args);
+int runConvert(const QStringList& args);
 
 // Whether the command paints (and so needs a GUI application).
 bool commandPaints(const QString& command);

@@ -2,6 +2,7 @@
 #include "Commands.h"
 
 #include "CommandLine.h"
+#include "LeftOutReport.h"
 #include "TimeParser.h"
 #include "TrackOptions.h"
 #include "ZemsubFix.h"
@@ -44,7 +45,7 @@ nlohmann::ordered_json reportJson(const QString& input, const QString& output,
     nlohmann::ordered_json track{{"index", report.track}, {"reason", report.trackReason.toStdString()}};
     if (!report.ocrLanguage.isEmpty())
         track["readAs"] = report.ocrLanguage.toStdString();
-    return {{"file", input.toStdString()},
+    nlohmann::ordered_json json = {{"file", input.toStdString()},
             {"track", track},
             {"copy", output.toStdString()},
             {"format", zemsubfix::formatExtension(report.format).toStdString()},
@@ -55,6 +56,9 @@ nlohmann::ordered_json reportJson(const QString& input, const QString& output,
             {"asWritten", report.allAsWritten()},
             {"shownInGaps", report.shownInGaps},
             {"outcomes", captions}};
+    if (!report.ocrLanguage.isEmpty())
+        json["leftOut"] = leftOutArray(report.leftOut);
+    return json;
 }
 
 void printReport(const QString& input, const QString& output, const zemsubfix::FixReport& report)
@@ -80,6 +84,9 @@ void printReport(const QString& input, const QString& output, const zemsubfix::F
                     .arg(caption.confidence)
                     .arg(escaped(caption.text)));
     }
+    for (const zemsubfix::LeftOutPicture& picture : report.leftOut)
+        out(leftOutLine(picture.start, picture.end, QRect(picture.x, picture.y, picture.width, picture.height),
+                        picture.why));
     for (const zemsubfix::CaptionOutcome& caption : report.captions) {
         if (caption.asWritten())
             continue;

@@ -43,6 +43,9 @@ void readPicturesAsText(WrittenFile& written, const QByteArray& bytes, const QSt
         block.confidence = caption.confidence;
         written.blocks.push_back(block);
     }
+    for (const LeftOutPicture& picture : read.leftOut)
+        written.leftOut.push_back(LeftOutGraphic{picture.start, picture.end, picture.place.x(), picture.place.y(),
+                                                 picture.place.width(), picture.place.height(), picture.why});
 }
 
 WrittenFile readWrittenSide(const QString& path, const QString& encoding, int track, const QString& language,

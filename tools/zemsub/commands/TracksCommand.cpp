@@ -23,16 +23,20 @@ void printJson(const QString& path, const TrackList& list)
 {
     nlohmann::ordered_json tracks = nlohmann::ordered_json::array();
     for (const SubtitleTrack& track : list.tracks) {
-        tracks.push_back({{"track", track.index},
-                          {"codec", track.codec.toStdString()},
-                          {"kind", track.pictures ? "picture" : "text"},
-                          {"language", track.language.toStdString()},
-                          {"title", track.title.toStdString()},
-                          {"default", track.isDefault},
-                          {"forced", track.forced},
-                          {"captions", track.captions},
-                          {"first", timeJson(track, track.first)},
-                          {"last", timeJson(track, track.last)}});
+        nlohmann::ordered_json entry{{"track", track.index},
+                                     {"codec", track.codec.toStdString()},
+                                     {"kind", track.pictures ? "picture" : "text"},
+                                     {"language", track.language.toStdString()},
+                                     {"title", track.title.toStdString()},
+                                     {"default", track.isDefault},
+                                     {"forced", track.forced},
+                                     {"captions", track.captions},
+                                     {"first", timeJson(track, track.first)},
+                                     {"last", timeJson(track, track.last)}};
+        // Pictures say whether they are forced, one by one.
+        if (track.pictures)
+            entry["forcedCaptions"] = track.forcedCaptions;
+        tracks.push_back(entry);
     }
     const nlohmann::ordered_json doc = {{"file", path.toStdString()}, {"tracks", tracks}};
     out(QString::fromStdString(doc.dump(2)) + QLatin1Char('\n'));
@@ -58,6 +62,8 @@ void printText(const QString& path, const TrackList& list)
         if (!track.title.isEmpty())
             line += QStringLiteral(", \"%1\"").arg(track.title);
         line += QStringLiteral(", %1 caption%2").arg(track.captions).arg(track.captions == 1 ? "" : "s");
+        if (track.forcedCaptions > 0)
+            line += QStringLiteral(" (%1 forced)").arg(track.forcedCaptions);
         if (track.captions > 0)
             line += QStringLiteral(", %1 --> %2").arg(formatTime(track.first), formatTime(track.last));
         out(line + QLatin1Char('\n'));

@@ -210,6 +210,10 @@ Cause describeCause(CauseId id, const WrittenFile& file, const LibrarySide& libr
             id, QStringLiteral("positions-styles"),
             QStringLiteral("positions and styles that the library does not draw: every caption is drawn in "
                            "the one font, colour and place the player sets")};
+    case CauseId::Italics:
+        return {id, QStringLiteral("italics"),
+                QStringLiteral("drawn in italics on the picture: the library draws every caption in the one "
+                               "style the player sets, so the copy shows these words upright")};
     case CauseId::TooLong:
         return {id, QStringLiteral("too-long"),
                 QStringLiteral("a file too long for the %1-line limit: the reader's Open answers false for "

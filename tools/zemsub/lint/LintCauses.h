@@ -46,6 +46,7 @@ enum class CauseId {
     Drawing,
     Karaoke,
     PositionsStyles,
+    Italics,
     TooLong,
     TimeZero,
     TimePrecision,

@@ -1,6 +1,7 @@
 #include "LintReport.h"
 
 #include "zemsub/commands/CommandLine.h"
+#include "zemsub/commands/LeftOutReport.h"
 #include "zemsub/commands/TimeParser.h"
 #include "zemsub/frames/LibraryView.h"
 #include "zemsub/frames/TextForm.h"
@@ -116,7 +117,7 @@ void printLintJson(const LintReport& report)
     nlohmann::ordered_json track{{"index", report.track}, {"reason", report.trackReason.toStdString()}};
     if (!written.readAs.isEmpty())
         track["readAs"] = written.readAs.toStdString();
-    const nlohmann::ordered_json doc = {
+    nlohmann::ordered_json doc = {
         {"file", report.path.toStdString()},
         {"track", track},
         {"kind", kindCode(written.kind)},
@@ -133,6 +134,8 @@ void printLintJson(const LintReport& report)
         {"findings", items},
         {"notes", notes},
         {"written", blocks}};
+    if (!written.readAs.isEmpty())
+        doc["leftOut"] = leftOutArray(written.leftOut);
     out(QString::fromStdString(doc.dump(2)) + QLatin1Char('\n'));
 }
 
@@ -158,6 +161,9 @@ void printLintText(const LintReport& report)
                     .arg(block.confidence)
                     .arg(escaped(block.text)));
     }
+    for (const LeftOutGraphic& picture : written.leftOut)
+        out(leftOutLine(picture.start, picture.end,
+                        QRect(picture.x, picture.y, picture.width, picture.height), picture.why));
     for (const Finding& finding : report.findings) {
         const WrittenBlock& block = written.blocks[size_t(finding.block)];
         out(QStringLiteral("\ncaption %1, line %2, %3 --> %4\n")

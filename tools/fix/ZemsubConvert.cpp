@@ -1,0 +1,153 @@
+#include "ZemsubConvert.h"
+
+#include "FixSource.h"
+#include "PlainWriter.h"
+#include "reading/FileBytes.h"
+#include "reading/StyledText.h"
+
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStringList>
+
+#include <algorithm>
+
+namespace zemsubfix {
+
+namespace {
+
+using zemsub::tool::TextRun;
+
+// WebVTT reads "&" and "<" as markup.
+std::vector<TextRun> escapedForVtt(std::vector<TextRun> runs)
+{
+    for (TextRun& run : runs) {
+        run.text.replace(QLatin1Char('&'), QStringLiteral("&amp;"));
+        run.text.replace(QLatin1Char('<'), QStringLiteral("&lt;"));
+        run.text.replace(QLatin1Char('>'), QStringLiteral("&gt;"));
+    }
+    return runs;
+}
+
+QString markedFor(PlainFormat format, const std::vector<TextRun>& runs)
+{
+    switch (format) {
+    case PlainFormat::Ass:
+        return zemsub::tool::markedText(runs, QStringLiteral("{\\i1}"), QStringLiteral("{\\i0}"));
+    case PlainFormat::WebVtt:
+        return zemsub::tool::markedText(escapedForVtt(runs), QStringLiteral("<i>"), QStringLiteral("</i>"));
+    case PlainFormat::SubRip:
+        break;
+    }
+    return zemsub::tool::markedText(runs, QStringLiteral("<i>"), QStringLiteral("</i>"));
+}
+
+} // namespace
+
+PlainFormat plainFormatForPath(const QString& path)
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    if (suffix == QLatin1String("ass") || suffix == QLatin1String("ssa"))
+        return PlainFormat::Ass;
+    if (suffix == QLatin1String("vtt"))
+        return PlainFormat::WebVtt;
+    return PlainFormat::SubRip;
+}
+
+int PlainReport::exitCode() const
+{
+    return readable && error.isEmpty() ? 0 : 1;
+}
+
+PlainReport convertBuffer(const QByteArray& bytes, const QString& fileName, PlainFormat format,
+                          const PlainOptions& options)
+{
+    PlainReport report;
+    report.format = format;
+    const SourceFile source = readSource(bytes, fileName, QString(), options.track, options.language,
+                                         options.ocrLanguage, options.pictureProgress, options.review);
+    report.track = source.track;
+    report.trackSummary = source.trackSummary;
+    report.language = source.language;
+    report.pictures = source.pictures;
+    report.ocrLanguage = source.ocrLanguage;
+    report.frameWidth = source.frame.width();
+    report.frameHeight = source.frame.height();
+    if (!source.readable) {
+        report.error = source.error;
+        return report;
+    }
+    report.readable = true;
+    for (const SourceCaption& caption : source.captions) {
+        if (options.forcedOnly && !caption.forced)
+            continue;
+        std::vector<TextRun> runs = caption.runs;
+        if (runs.empty())
+            runs.push_back(TextRun{caption.text, false});
+        PlainCaption plain;
+        plain.start = caption.start;
+        plain.end = caption.end;
+        plain.text = caption.text;
+        plain.marked = markedFor(format, runs);
+        plain.partlyItalic = false;
+        plain.italic = true;
+        for (const TextRun& run : runs) {
+            plain.partlyItalic = plain.partlyItalic || run.italic;
+            plain.italic = plain.italic && (run.italic || run.text.trimmed().isEmpty());
+        }
+        plain.italic = plain.italic && plain.partlyItalic;
+        plain.alignment = caption.alignment;
+        plain.forced = caption.forced;
+        plain.confidence = caption.confidence;
+        plain.narrowItalic = caption.narrowItalic;
+        if (caption.end > caption.start && !caption.text.trimmed().isEmpty())
+            report.captions.push_back(plain);
+        if (options.review && caption.picture >= 0 && size_t(caption.picture) < source.shownPictures.size()) {
+            QStringList why;
+            if (caption.confidence < zemsub::tool::kLowConfidence)
+                why << QStringLiteral("read with low confidence (%1)").arg(caption.confidence);
+            if (caption.narrowItalic)
+                why << QStringLiteral("italics decided by a narrow margin");
+            if (!why.isEmpty())
+                report.review.push_back(ReviewPicture{caption.start, caption.end,
+                                                      source.shownPictures[size_t(caption.picture)].image,
+                                                      plain.marked, why.join(QStringLiteral(", "))});
+        }
+    }
+    for (const zemsub::tool::LeftOutPicture& picture : source.leftOut) {
+        if (options.forcedOnly)
+            continue;
+        report.leftOut.push_back(LeftOutPicture{picture.start, picture.end, picture.place.x(), picture.place.y(),
+                                                picture.place.width(), picture.place.height(), picture.why});
+        if (options.review && size_t(picture.picture) < source.shownPictures.size())
+            report.review.push_back(ReviewPicture{picture.start, picture.end,
+                                                  source.shownPictures[size_t(picture.picture)].image, QString(),
+                                                  QStringLiteral("left out: ") + picture.why});
+    }
+    std::stable_sort(report.review.begin(), report.review.end(),
+                     [](const ReviewPicture& a, const ReviewPicture& b) { return a.start < b.start; });
+    report.copy = writePlain(format, report.captions, source.frame);
+    return report;
+}
+
+PlainReport convertFile(const QString& inputPath, const QString& outputPath, const PlainOptions& options)
+{
+    PlainReport report;
+    {
+        const zemsub::tool::FileBytes input(inputPath);
+        if (!input.opened()) {
+            report.format = plainFormatForPath(outputPath);
+            report.error = input.error();
+            return report;
+        }
+        report = convertBuffer(input.bytes(), inputPath, plainFormatForPath(outputPath), options);
+    }
+    if (!report.readable)
+        return report;
+    QSaveFile output(outputPath);
+    if (!output.open(QIODevice::WriteOnly) || output.write(report.copy) != report.copy.size() ||
+        !output.commit())
+        report.error = QStringLiteral("cannot write %1: %2").arg(outputPath, output.errorString());
+    return report;
+}
+
+} // namespace zemsubfix

@@ -1,0 +1,26 @@
+#include "LeftOutReport.h"
+
+#include "TimeParser.h"
+
+namespace zemsub::tool {
+
+QString leftOutLine(long long start, long long end, const QRect& place, const QString& why)
+{
+    return QStringLiteral("  %1 --> %2: picture of %3x%4 at %5,%6 left out: %7\n")
+        .arg(formatTime(start), formatTime(end))
+        .arg(place.width())
+        .arg(place.height())
+        .arg(place.x())
+        .arg(place.y())
+        .arg(why);
+}
+
+nlohmann::ordered_json leftOutJson(long long start, long long end, const QRect& place, const QString& why)
+{
+    return {{"start", start},          {"end", end},
+            {"x", place.x()},          {"y", place.y()},
+            {"width", place.width()},  {"height", place.height()},
+            {"why", why.toStdString()}};
+}
+
+} // namespace zemsub::tool
