@@ -4,7 +4,7 @@
 #    include "ToolRunner.h"
 #    include "support/TestFiles.h"
 #    include "zemsub/pictures/IndexPictures.h"
-#    include "zemsub/pictures/SubpictureDecoder.h"
+#    include "pictures/SubpictureDecoder.h"
 
 #    include <QDir>
 #    include <QFile>
@@ -87,8 +87,8 @@ TEST(ZemsubSubpictures, SamplePacketsDecodeToWhatTheScriptDrew)
         const IndexPicture answer = pictures.at(drawn.start);
         ASSERT_TRUE(answer.packet);
         ASSERT_TRUE(answer.subpicture.decoded) << answer.subpicture.failure.toStdString();
-        EXPECT_EQ(answer.subpicture.position, drawn.position);
-        const QImage decoded = answer.subpicture.picture.convertToFormat(QImage::Format_ARGB32);
+        EXPECT_EQ(answer.subpicture.shown.position, drawn.position);
+        const QImage decoded = answer.subpicture.shown.image.convertToFormat(QImage::Format_ARGB32);
         ASSERT_EQ(decoded.size(), drawn.image.size());
         EXPECT_EQ(differingPixels(decoded, drawn.image), 0);
     }
@@ -103,17 +103,17 @@ TEST(ZemsubSubpictures, ThePaletteColoursTheCodesThroughTheSubpicturesColourComm
     EXPECT_TRUE(decoder.extradata().startsWith("size: 720x480\npalette: 000f00, 100e01, 200d02, "));
     const DecodedSubpicture picture = decode(decoder, unitAt(sampleBytes("vobsub.sub"), 0));
     ASSERT_TRUE(picture.decoded) << picture.failure.toStdString();
-    EXPECT_EQ(picture.picture.format(), QImage::Format_Indexed8);
-    ASSERT_EQ(picture.picture.colorCount(), 4);
+    EXPECT_EQ(picture.shown.image.format(), QImage::Format_Indexed8);
+    ASSERT_EQ(picture.shown.image.colorCount(), 4);
     // Codes 0 to 3 take palette entries 0 to 3; code 0 has contrast 0.
-    EXPECT_EQ(qAlpha(picture.picture.color(0)), 0);
+    EXPECT_EQ(qAlpha(picture.shown.image.color(0)), 0);
     for (int code = 1; code < 4; ++code)
-        EXPECT_EQ(picture.picture.color(code), 0xFF000000u | palette[size_t(code)]) << code;
+        EXPECT_EQ(picture.shown.image.color(code), 0xFF000000u | palette[size_t(code)]) << code;
     // A border of code 2 around a fill of code 1 with bars of code 3.
-    EXPECT_EQ(picture.picture.pixelIndex(0, 0), 2);
-    EXPECT_EQ(picture.picture.pixelIndex(1, 23), 2);
-    EXPECT_EQ(picture.picture.pixelIndex(2, 2), 3);
-    EXPECT_EQ(picture.picture.pixelIndex(60, 12), 1);
+    EXPECT_EQ(picture.shown.image.pixelIndex(0, 0), 2);
+    EXPECT_EQ(picture.shown.image.pixelIndex(1, 23), 2);
+    EXPECT_EQ(picture.shown.image.pixelIndex(2, 2), 3);
+    EXPECT_EQ(picture.shown.image.pixelIndex(60, 12), 1);
 }
 
 TEST(ZemsubSubpictures, CustomColoursReplaceThePaletteWhenSwitchedOn)
@@ -126,7 +126,7 @@ TEST(ZemsubSubpictures, CustomColoursReplaceThePaletteWhenSwitchedOn)
     IndexPictures custom(on);
     const IndexPicture answer = custom.at(1000);
     ASSERT_TRUE(answer.subpicture.decoded) << answer.subpicture.failure.toStdString();
-    const QImage& picture = answer.subpicture.picture;
+    const QImage& picture = answer.subpicture.shown.image;
     EXPECT_EQ(picture.color(0), 0x00111111u);
     EXPECT_EQ(picture.color(1), 0x00222222u); // tridx 0100: the second colour is transparent
     EXPECT_EQ(picture.color(2), 0xFF333333u);
@@ -136,9 +136,9 @@ TEST(ZemsubSubpictures, CustomColoursReplaceThePaletteWhenSwitchedOn)
     IndexPictures plain(sample("vobsub.idx"));
     const IndexPicture off = plain.at(1000);
     ASSERT_TRUE(off.subpicture.decoded);
-    EXPECT_EQ(off.subpicture.picture.color(1), 0xFFF0F0F0u);
-    EXPECT_EQ(off.subpicture.picture.color(2), 0xFF202020u);
-    EXPECT_EQ(off.subpicture.picture.color(3), 0xFFE0C020u);
+    EXPECT_EQ(off.subpicture.shown.image.color(1), 0xFFF0F0F0u);
+    EXPECT_EQ(off.subpicture.shown.image.color(2), 0xFF202020u);
+    EXPECT_EQ(off.subpicture.shown.image.color(3), 0xFFE0C020u);
 }
 
 TEST(ZemsubSubpictures, TheSubBesideIsFoundWhateverPathTheReaderForms)
@@ -150,7 +150,7 @@ TEST(ZemsubSubpictures, TheSubBesideIsFoundWhateverPathTheReaderForms)
     const IndexPicture answer = dotted.at(4000);
     EXPECT_EQ(answer.subPath, ".films/movie.idxsub");
     EXPECT_TRUE(answer.subpicture.decoded) << answer.subpicture.failure.toStdString();
-    EXPECT_EQ(answer.subpicture.picture.size(), QSize(120, 24));
+    EXPECT_EQ(answer.subpicture.shown.image.size(), QSize(120, 24));
     EXPECT_FALSE(dotted.subFile().isEmpty());
 
     IndexPictures upper(pairIn(dir, "upper", "MOVIE", "IDX", "SUB"));
@@ -204,7 +204,7 @@ TEST(ZemsubSubpictures, UndecodablePacketsGiveNoPictureAndAReason)
         }
         const DecodedSubpicture picture = decode(decoder, bytes);
         if (picture.decoded)
-            EXPECT_FALSE(picture.picture.isNull());
+            EXPECT_FALSE(picture.shown.image.isNull());
         else
             EXPECT_FALSE(picture.failure.isEmpty());
     }

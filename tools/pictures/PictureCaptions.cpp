@@ -60,21 +60,6 @@ QRect rectOf(const AVSubtitleRect& rect)
     return QRect(rect.x, rect.y, rect.w, rect.h);
 }
 
-// One rectangle as it is: its pixel codes and its palette (the common case, a
-// quarter of the memory of colours).
-QImage indexedPicture(const AVSubtitleRect& rect)
-{
-    const auto* palette = reinterpret_cast<const uint32_t*>(rect.data[1]);
-    QImage image(rect.w, rect.h, QImage::Format_Indexed8);
-    QVector<QRgb> table(256, qRgba(0, 0, 0, 0));
-    for (int i = 0; i < colourCount(rect); ++i)
-        table[i] = palette[i];
-    image.setColorTable(table);
-    for (int y = 0; y < rect.h; ++y)
-        std::copy_n(rect.data[0] + size_t(y) * size_t(rect.linesize[0]), rect.w, image.scanLine(y));
-    return image;
-}
-
 // Several rectangles drawn on one picture that holds them all.
 QImage joinedPicture(const std::vector<const AVSubtitleRect*>& rects, const QRect& bounds)
 {
@@ -118,7 +103,7 @@ std::vector<ShownPicture> placesOf(const AVSubtitle& subtitle, int frameHeight)
         if (bounds.width() <= kLargestSide && bounds.height() <= kLargestSide) {
             ShownPicture place;
             place.position = bounds.topLeft();
-            place.image = group.size() == 1 ? indexedPicture(*group.front()) : joinedPicture(group, bounds);
+            place.image = group.size() == 1 ? rectPicture(*group.front()) : joinedPicture(group, bounds);
             for (const AVSubtitleRect* rect : group)
                 place.forced = place.forced || (rect->flags & AV_SUBTITLE_FLAG_FORCED);
             places.push_back(std::move(place));
@@ -140,6 +125,27 @@ bool samePlaces(const std::vector<ShownPicture>& a, const std::vector<ShownPictu
 }
 
 } // namespace
+
+QImage rectPicture(const AVSubtitleRect& rect)
+{
+    const auto* palette = reinterpret_cast<const uint32_t*>(rect.data[1]);
+    int colours = rect.nb_colors > 0 && rect.nb_colors <= 256 ? rect.nb_colors : 256;
+    for (int y = 0; y < rect.h && colours < 256; ++y) {
+        const uint8_t* row = rect.data[0] + size_t(y) * size_t(rect.linesize[0]);
+        if (std::any_of(row, row + rect.w, [colours](uint8_t code) { return code >= colours; }))
+            colours = 256;
+    }
+    QImage image(rect.w, rect.h, QImage::Format_Indexed8);
+    if (image.isNull())
+        return image;
+    QVector<QRgb> table(colours, qRgba(0, 0, 0, 0));
+    for (int i = 0; i < colours && i < colourCount(rect); ++i)
+        table[i] = palette[i]; // 0xAARRGGBB, as QRgb
+    image.setColorTable(table);
+    for (int y = 0; y < rect.h; ++y)
+        std::copy_n(rect.data[0] + size_t(y) * size_t(rect.linesize[0]), rect.w, image.scanLine(y));
+    return image;
+}
 
 PictureCaptions readPictureCaptions(const QByteArray& bytes, const QString& fileName, int track)
 {

@@ -10,6 +10,8 @@
 #include <QString>
 #include <vector>
 
+struct AVSubtitleRect;
+
 namespace zemsub::tool {
 
 // One picture as a player shows it: from the moment its display is shown to
@@ -37,6 +39,11 @@ struct PictureCaptions
     int decoded = 0;   // subtitles the decoder handed over (displays, repeats and clearings)
     std::vector<ShownPicture> pictures; // in time order, each display's top to bottom; empty ones left out
 };
+
+// A decoder's rectangle as a picture: its pixel codes and its palette
+// (Indexed8, a colour for each code it uses; codes beyond the palette
+// transparent). Null when it cannot be held.
+QImage rectPicture(const AVSubtitleRect& rect);
 
 // Decodes the track-th subtitle stream of bytes (fileName gives the extension
 // FFmpeg's probing weighs; track < 0: the best one) with FFmpeg's picture

@@ -20,7 +20,7 @@ bool holdsLetter(const QString& word)
 }
 
 // Whether each word of a line stands in italics: measured per word where the
-// word is long enough to slant, else as its line.
+// word is long enough to slant and its slant is clear, else as its line.
 std::vector<bool> italicWords(const QImage& mask, const LineCut& cut, const ReadLine& read, bool* narrow)
 {
     const Slant line = measureSlant(mask, cut.box);
@@ -30,9 +30,12 @@ std::vector<bool> italicWords(const QImage& mask, const LineCut& cut, const Read
         for (QChar c : word.text)
             letters += c.isLetterOrNumber();
         Slant slant = line;
-        if (letters >= 2 && !word.box.isEmpty())
-            slant = measureSlant(mask, cut.onMask(word.box));
-        *narrow = *narrow || (letters >= 2 && std::abs(slant.margin) < kNarrowSlant);
+        if (letters >= 2 && !word.box.isEmpty()) {
+            const Slant own = measureSlant(mask, cut.onMask(word.box));
+            if (own.margin >= kNarrowSlant)
+                slant = own;
+        }
+        *narrow = *narrow || (letters >= 2 && slant.margin < kNarrowSlant);
         italic.push_back(slant.italic);
     }
     return italic;

@@ -142,10 +142,10 @@ int sheetOfIndex(const FileFacts& facts, const QString& output, long long every,
         frame.shown = answer.subpicture.decoded && problem.isEmpty();
         frame.note = answer.subpicture.decoded
                          ? QStringLiteral("  %1x%2 at %3,%4")
-                               .arg(answer.subpicture.picture.width())
-                               .arg(answer.subpicture.picture.height())
-                               .arg(answer.subpicture.position.x())
-                               .arg(answer.subpicture.position.y())
+                               .arg(answer.subpicture.shown.image.width())
+                               .arg(answer.subpicture.shown.image.height())
+                               .arg(answer.subpicture.shown.position.x())
+                               .arg(answer.subpicture.shown.position.y())
                          : QStringLiteral("  (no picture)");
         if (!problem.isEmpty()) {
             frame.note += QStringLiteral("  (%1)").arg(problem);

@@ -59,8 +59,8 @@ QSize reachOfPictures(const QByteArray& name, const std::vector<IndexEntry>& ent
         const DecodedSubpicture picture = decoder.decode(packet.get(), size);
         if (!picture.decoded)
             continue;
-        reach = reach.expandedTo(QSize(picture.position.x() + picture.picture.width(),
-                                       picture.position.y() + picture.picture.height()));
+        reach = reach.expandedTo(QSize(picture.shown.position.x() + picture.shown.image.width(),
+                                       picture.shown.position.y() + picture.shown.image.height()));
     }
     return reach;
 }
@@ -143,7 +143,7 @@ IndexPicture IndexPictures::at(long long ms)
     if (answer.subpicture.decoded && m_parser->GetCustomColorSwitch() == 1) {
         std::array<unsigned int, 4> colours{};
         std::copy(m_parser->GetCustomColors(), m_parser->GetCustomColors() + 4, colours.begin());
-        applyCustomColours(answer.subpicture.picture, colours, m_parser->GetTransparencyMask());
+        applyCustomColours(answer.subpicture.shown.image, colours, m_parser->GetTransparencyMask());
     }
     return answer;
 }

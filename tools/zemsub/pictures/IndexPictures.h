@@ -2,7 +2,7 @@
 #define ZEMSUB_TOOL_INDEXPICTURES_H
 
 #include "SubPathArrangement.h"
-#include "SubpictureDecoder.h"
+#include "pictures/SubpictureDecoder.h"
 #include "zemsub/frames/LibraryView.h"
 
 #include <QSize>

@@ -14,7 +14,7 @@ QImage frameWithSubpicture(const QImage& background, const DecodedSubpicture& su
     painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
     if (frame.size() != indexFrame)
         painter.scale(double(frame.width()) / indexFrame.width(), double(frame.height()) / indexFrame.height());
-    painter.drawImage(subpicture.position, subpicture.picture.convertToFormat(QImage::Format_ARGB32));
+    painter.drawImage(subpicture.shown.position, subpicture.shown.image.convertToFormat(QImage::Format_ARGB32));
     return frame;
 }
 
@@ -23,7 +23,7 @@ QString subpictureProblem(const DecodedSubpicture& subpicture, QSize indexFrame)
     if (!subpicture.decoded)
         return QString();
     const QRect frame(QPoint(0, 0), indexFrame);
-    const QRect picture(subpicture.position, subpicture.picture.size());
+    const QRect picture(subpicture.shown.position, subpicture.shown.image.size());
     const QString reach = QStringLiteral("it reaches %1,%2").arg(picture.right() + 1).arg(picture.bottom() + 1);
     if (!frame.intersects(picture))
         return QStringLiteral("outside the %1x%2 frame: %3")
@@ -43,10 +43,10 @@ QString describeSubpicture(const DecodedSubpicture& subpicture, QSize indexFrame
     if (!subpicture.decoded)
         return QStringLiteral("none (%1)").arg(subpicture.failure);
     QString text = QStringLiteral("x=%1 y=%2 width=%3 height=%4")
-                       .arg(subpicture.position.x())
-                       .arg(subpicture.position.y())
-                       .arg(subpicture.picture.width())
-                       .arg(subpicture.picture.height());
+                       .arg(subpicture.shown.position.x())
+                       .arg(subpicture.shown.position.y())
+                       .arg(subpicture.shown.image.width())
+                       .arg(subpicture.shown.image.height());
     const QString problem = subpictureProblem(subpicture, indexFrame);
     if (!problem.isEmpty())
         text += QStringLiteral(" (%1)").arg(problem);

@@ -1,7 +1,7 @@
 #ifndef ZEMSUB_TOOL_SUBPICTUREFRAME_H
 #define ZEMSUB_TOOL_SUBPICTUREFRAME_H
 
-#include "SubpictureDecoder.h"
+#include "pictures/SubpictureDecoder.h"
 
 #include <QImage>
 #include <QSize>

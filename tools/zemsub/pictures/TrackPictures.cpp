@@ -63,8 +63,7 @@ DecodedSubpicture TrackPictures::asSubpicture(const ShownPicture& picture)
 {
     DecodedSubpicture subpicture;
     subpicture.decoded = true;
-    subpicture.picture = picture.image;
-    subpicture.position = picture.position;
+    subpicture.shown = picture;
     return subpicture;
 }
 

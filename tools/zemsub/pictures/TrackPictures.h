@@ -1,7 +1,7 @@
 #ifndef ZEMSUB_TOOL_TRACKPICTURES_H
 #define ZEMSUB_TOOL_TRACKPICTURES_H
 
-#include "SubpictureDecoder.h"
+#include "pictures/SubpictureDecoder.h"
 #include "pictures/PictureCaptions.h"
 
 #include <QSize>

@@ -1,9 +1,9 @@
-#ifndef ZEMSUB_TOOL_SUBPICTUREDECODER_H
-#define ZEMSUB_TOOL_SUBPICTUREDECODER_H
+#ifndef ZEMSUB_PICTURES_SUBPICTUREDECODER_H
+#define ZEMSUB_PICTURES_SUBPICTUREDECODER_H
+
+#include "PictureCaptions.h"
 
 #include <QByteArray>
-#include <QImage>
-#include <QPoint>
 #include <QSize>
 #include <QString>
 
@@ -11,15 +11,15 @@
 
 namespace zemsub::tool {
 
-// One DVD subpicture as FFmpeg's decoder hands it to a player.
+// One DVD subpicture as FFmpeg's decoder hands it to a player, or why there is none.
 struct DecodedSubpicture
 {
     bool decoded = false;
     QString failure; // why there is no picture, when not decoded
-    // The pixel codes as decoded (Format_Indexed8), with the colour table the
-    // decoder built from the palette, the subpicture's colour command and contrast.
-    QImage picture;
-    QPoint position; // top left on the index's frame
+    // The picture with its place on the index's frame: the pixel codes as decoded
+    // (Format_Indexed8), with the colour table the decoder built from the palette,
+    // the subpicture's colour command and contrast. Its times are the index's.
+    ShownPicture shown;
 };
 
 // Decodes subpicture units with FFmpeg's DVD subtitle decoder, coloured by a

@@ -6,7 +6,6 @@ extern "C" {
 #include <libavutil/mem.h>
 }
 
-#include <QVector>
 #include <cstring>
 #include <memory>
 
@@ -41,21 +40,6 @@ DecodedSubpicture failed(const QString& why)
     DecodedSubpicture result;
     result.failure = why;
     return result;
-}
-
-QImage pictureOf(const AVSubtitleRect& rect)
-{
-    QImage picture(rect.w, rect.h, QImage::Format_Indexed8);
-    if (picture.isNull())
-        return picture;
-    QVector<QRgb> colours(rect.nb_colors);
-    const auto* palette = reinterpret_cast<const uint32_t*>(rect.data[1]);
-    for (int i = 0; i < rect.nb_colors; ++i)
-        colours[i] = palette[i]; // 0xAARRGGBB, as QRgb
-    picture.setColorTable(colours);
-    for (int y = 0; y < rect.h; ++y)
-        std::memcpy(picture.scanLine(y), rect.data[0] + size_t(y) * size_t(rect.linesize[0]), size_t(rect.w));
-    return picture;
 }
 
 } // namespace
@@ -107,11 +91,11 @@ DecodedSubpicture SubpictureDecoder::decode(const unsigned char* packet, int siz
         return failed(QStringLiteral("the decoder found no picture in the packet"));
 
     DecodedSubpicture result;
-    result.picture = pictureOf(*rect);
-    if (result.picture.isNull())
+    result.shown.image = rectPicture(*rect);
+    if (result.shown.image.isNull())
         return failed(QStringLiteral("the picture of %1x%2 does not fit in memory").arg(rect->w).arg(rect->h));
     result.decoded = true;
-    result.position = QPoint(rect->x, rect->y);
+    result.shown.position = QPoint(rect->x, rect->y);
     return result;
 }
 
