@@ -19,25 +19,48 @@ bool holdsLetter(const QString& word)
     return std::any_of(word.begin(), word.end(), [](QChar c) { return c.isLetterOrNumber(); });
 }
 
-// Whether each word of a line stands in italics: measured per word where the
-// word is long enough to slant and its slant is clear, else as its line.
+// Whether each word of a line stands in italics. A word of letters enough to
+// slant is measured on its own, and decides for itself where its slant is clear
+// and, against a line that leans clearly the other way, very clear (digits and
+// lone diagonals, as in "7" or "zoo", lean without being italic). The other
+// words go with the nearest word that decided, else with the line.
 std::vector<bool> italicWords(const QImage& mask, const LineCut& cut, const ReadLine& read, bool* narrow)
 {
     const Slant line = measureSlant(mask, cut.box);
-    std::vector<bool> italic;
-    for (const ReadWord& word : read.words) {
+    const size_t count = read.words.size();
+    std::vector<int> decided(count, -1); // 1 italic, 0 upright, -1 not decided
+    for (size_t i = 0; i < count; ++i) {
+        const ReadWord& word = read.words[i];
         int letters = 0;
         for (QChar c : word.text)
-            letters += c.isLetterOrNumber();
-        Slant slant = line;
-        if (letters >= 2 && !word.box.isEmpty()) {
-            const Slant own = measureSlant(mask, cut.onMask(word.box));
-            if (own.margin >= kNarrowSlant)
-                slant = own;
-        }
-        *narrow = *narrow || (letters >= 2 && slant.margin < kNarrowSlant);
-        italic.push_back(slant.italic);
+            letters += c.isLetter();
+        if (letters < kLeastSlantLetters || word.box.isEmpty())
+            continue;
+        const Slant own = measureSlant(mask, cut.onMask(word.box));
+        const bool against = own.italic != line.italic && line.margin >= kClearSlant;
+        if (own.margin >= (against ? kClearSlant : kNarrowSlant))
+            decided[i] = own.italic ? 1 : 0;
+        else
+            *narrow = true;
     }
+    std::vector<bool> italic(count, line.italic);
+    bool anyDecided = false;
+    for (size_t i = 0; i < count; ++i) {
+        anyDecided = anyDecided || decided[i] >= 0;
+        // The nearest that decided: before it first, then after.
+        for (size_t distance = 0; distance < count; ++distance) {
+            if (i >= distance && decided[i - distance] >= 0) {
+                italic[i] = decided[i - distance] == 1;
+                break;
+            }
+            if (i + distance < count && decided[i + distance] >= 0) {
+                italic[i] = decided[i + distance] == 1;
+                break;
+            }
+        }
+    }
+    if (!anyDecided && count > 0 && line.margin < kNarrowSlant)
+        *narrow = true;
     return italic;
 }
 

@@ -31,6 +31,10 @@ constexpr int kReadLineHeight = 0;
 constexpr int kLeastLetterShare = 40;
 // A slant decided by less than this margin is worth a second look.
 constexpr double kNarrowSlant = 0.03;
+// A word is told apart from its line by at least this many letters, and a
+// margin of at least this much.
+constexpr int kLeastSlantLetters = 3;
+constexpr double kClearSlant = 0.06;
 // Below this confidence a word read is no word.
 constexpr int kLeastWordConfidence = 45;
 

@@ -74,12 +74,17 @@ int main(int argc, char** argv)
                 .arg(ms / 1000 % 60, 2, 10, QLatin1Char('0'))
                 .arg(ms % 1000, 3, 10, QLatin1Char('0'));
         };
-        for (size_t i = 0; i < captions.size(); ++i)
+        for (size_t i = 0; i < captions.size(); ++i) {
+            // Italic captions as SubRip marks them, line by line.
+            QString text = captions[i].text;
+            if (captions[i].italic)
+                text = QStringLiteral("<i>") + text.replace(QLatin1Char('\n'), QStringLiteral("</i>\n<i>")) +
+                       QStringLiteral("</i>");
             srt += QStringLiteral("%1\n%2 --> %3\n%4\n\n")
                        .arg(i + 1)
-                       .arg(time(captions[i].start), time(captions[i].start + captions[i].duration),
-                            captions[i].text)
+                       .arg(time(captions[i].start), time(captions[i].start + captions[i].duration), text)
                        .toUtf8();
+        }
         if (!writeFile(parser.value(textOption), srt))
             return fail(QStringLiteral("cannot write %1").arg(parser.value(textOption)));
     }
