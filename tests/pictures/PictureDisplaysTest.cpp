@@ -53,13 +53,18 @@ QByteArray withDuration(const QByteArray& line, const QByteArray& duration)
     return fields.join(' ');
 }
 
+// The captions as a VobSub pair whose every subpicture stops at 0xFFFF units.
+std::string vobSubWithLongestStops(const TempDir& dir, const std::vector<CaptionText>& captions, QString* error)
+{
+    return makeTextVobSub(dir, captions, error, eachLine([](QByteArray line, int) { return withDuration(line, "max"); }));
+}
+
 TEST(PictureDisplays, StopsAtTheLongestTimeLastUntilTheNextSubpicture)
 {
     TempDir dir;
     const std::vector<CaptionText> captions = threeCaptions();
     QString error;
-    const std::string index =
-        makeTextVobSub(dir, captions, &error, eachLine([](QByteArray line, int) { return withDuration(line, "max"); }));
+    const std::string index = vobSubWithLongestStops(dir, captions, &error);
     ASSERT_FALSE(index.empty()) << error.toStdString();
     const PictureCaptions decoded = readPictureCaptions(readAll(index), QString::fromStdString(index), 0);
     ASSERT_TRUE(decoded.read) << decoded.failure.toStdString();
@@ -285,8 +290,7 @@ TEST(PictureDisplays, TheCheckFailsACopyThatStacksCaptionsAndPassesOneThatDoesNo
     TempDir dir;
     const std::vector<CaptionText> captions = threeCaptions();
     QString error;
-    const std::string index =
-        makeTextVobSub(dir, captions, &error, eachLine([](QByteArray line, int) { return withDuration(line, "max"); }));
+    const std::string index = vobSubWithLongestStops(dir, captions, &error);
     ASSERT_FALSE(index.empty()) << error.toStdString();
     // What a copy holds when every subpicture stays until its 0xFFFF stop: each caption with all before it.
     const std::string stacked = dir.write(

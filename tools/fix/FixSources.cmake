@@ -10,6 +10,7 @@ set(ZEMSUBFIX_SOURCES
   ${ZEMSUBFIX_DIR}/LineSink.cpp
   ${ZEMSUBFIX_DIR}/PlainWriter.cpp
   ${ZEMSUBFIX_DIR}/PlayerScreen.cpp
+  ${ZEMSUBFIX_DIR}/SavedCopy.cpp
   ${ZEMSUBFIX_DIR}/ScriptWriter.cpp
   ${ZEMSUBFIX_DIR}/Stretch.cpp
   ${ZEMSUBFIX_DIR}/SubRipWriter.cpp

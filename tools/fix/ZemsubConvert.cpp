@@ -2,11 +2,11 @@
 
 #include "FixSource.h"
 #include "PlainWriter.h"
+#include "SavedCopy.h"
 #include "reading/FileBytes.h"
 #include "reading/StyledText.h"
 
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStringList>
 
 #include <algorithm>
@@ -141,12 +141,8 @@ PlainReport convertFile(const QString& inputPath, const QString& outputPath, con
         }
         report = convertBuffer(input.bytes(), inputPath, plainFormatForPath(outputPath), options);
     }
-    if (!report.readable)
-        return report;
-    QSaveFile output(outputPath);
-    if (!output.open(QIODevice::WriteOnly) || output.write(report.copy) != report.copy.size() ||
-        !output.commit())
-        report.error = QStringLiteral("cannot write %1: %2").arg(outputPath, output.errorString());
+    if (report.readable)
+        report.error = saveCopy(outputPath, report.copy);
     return report;
 }
 

@@ -6,6 +6,7 @@
 #include "FixSource.h"
 #include "HeldTimes.h"
 #include "PlayerScreen.h"
+#include "SavedCopy.h"
 #include "ScriptWriter.h"
 #include "Stretch.h"
 #include "SubRipWriter.h"
@@ -17,7 +18,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QSaveFile>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -266,12 +266,8 @@ FixReport fixFile(const QString& inputPath, const QString& outputPath, const Fix
         }
         report = fixBuffer(input.bytes(), inputPath, options);
     } // the input is let go before the copy may replace it
-    if (!report.readable || !report.error.isEmpty())
-        return report;
-    QSaveFile output(outputPath);
-    if (!output.open(QIODevice::WriteOnly) || output.write(report.copy) != report.copy.size() ||
-        !output.commit())
-        report.error = QStringLiteral("cannot write %1: %2").arg(outputPath, output.errorString());
+    if (report.readable && report.error.isEmpty())
+        report.error = saveCopy(outputPath, report.copy);
     return report;
 }
 

@@ -2,7 +2,7 @@
 #include "Commands.h"
 
 #include "CommandLine.h"
-#include "LeftOutReport.h"
+#include "PictureReport.h"
 #include "TimeParser.h"
 #include "TrackOptions.h"
 #include "ZemsubConvert.h"
@@ -84,12 +84,10 @@ void printOutcome(const Outcome& outcome)
             .arg(outcome.output));
     if (report.pictures)
         out(QStringLiteral("  pictures read as text in %1 (Tesseract)\n").arg(report.ocrLanguage));
-    for (const zemsubfix::PlainCaption& caption : report.captions) {
+    for (size_t i = 0; i < report.captions.size(); ++i) {
+        const zemsubfix::PlainCaption& caption = report.captions[i];
         if (caption.confidence >= 0 && caption.confidence < kLowConfidence)
-            out(QStringLiteral("  %1: read with low confidence (%2): \"%3\"\n")
-                    .arg(formatTime(caption.start))
-                    .arg(caption.confidence)
-                    .arg(escaped(caption.text)));
+            out(lowConfidenceLine(int(i) + 1, caption.start, caption.confidence, caption.text));
     }
     for (const zemsubfix::LeftOutPicture& picture : report.leftOut)
         out(leftOutLine(picture.start, picture.end, QRect(picture.x, picture.y, picture.width, picture.height),

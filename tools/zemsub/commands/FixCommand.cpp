@@ -2,7 +2,7 @@
 #include "Commands.h"
 
 #include "CommandLine.h"
-#include "LeftOutReport.h"
+#include "PictureReport.h"
 #include "TimeParser.h"
 #include "TrackOptions.h"
 #include "ZemsubFix.h"
@@ -78,11 +78,7 @@ void printReport(const QString& input, const QString& output, const zemsubfix::F
         out(QStringLiteral("  pictures read as text in %1 (Tesseract)\n").arg(report.ocrLanguage));
     for (const zemsubfix::CaptionOutcome& caption : report.captions) {
         if (caption.confidence >= 0 && caption.confidence < kLowConfidence)
-            out(QStringLiteral("  caption %1, %2: read with low confidence (%3): \"%4\"\n")
-                    .arg(caption.index)
-                    .arg(formatTime(caption.start))
-                    .arg(caption.confidence)
-                    .arg(escaped(caption.text)));
+            out(lowConfidenceLine(caption.index, caption.start, caption.confidence, caption.text));
     }
     for (const zemsubfix::LeftOutPicture& picture : report.leftOut)
         out(leftOutLine(picture.start, picture.end, QRect(picture.x, picture.y, picture.width, picture.height),

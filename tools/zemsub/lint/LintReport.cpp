@@ -1,7 +1,7 @@
 #include "LintReport.h"
 
 #include "zemsub/commands/CommandLine.h"
-#include "zemsub/commands/LeftOutReport.h"
+#include "zemsub/commands/PictureReport.h"
 #include "zemsub/commands/TimeParser.h"
 #include "zemsub/frames/LibraryView.h"
 #include "zemsub/frames/TextForm.h"
@@ -155,11 +155,7 @@ void printLintText(const LintReport& report)
         out(QStringLiteral("  pictures read as text in %1 (Tesseract)\n").arg(written.readAs));
     for (const WrittenBlock& block : written.blocks) {
         if (block.confidence >= 0 && block.confidence < kLowConfidence)
-            out(QStringLiteral("  caption %1, %2: read with low confidence (%3): \"%4\"\n")
-                    .arg(block.index)
-                    .arg(formatTime(block.start))
-                    .arg(block.confidence)
-                    .arg(escaped(block.text)));
+            out(lowConfidenceLine(block.index, block.start, block.confidence, block.text));
     }
     for (const LeftOutGraphic& picture : written.leftOut)
         out(leftOutLine(picture.start, picture.end,

@@ -1,11 +1,15 @@
-#ifndef ZEMSUB_TOOL_LEFTOUTREPORT_H
-#define ZEMSUB_TOOL_LEFTOUTREPORT_H
+#ifndef ZEMSUB_TOOL_PICTUREREPORT_H
+#define ZEMSUB_TOOL_PICTUREREPORT_H
 
 #include <QRect>
 #include <QString>
 #include <nlohmann/json.hpp>
 
 namespace zemsub::tool {
+
+// A caption read from a picture with a low confidence, as the reports say it:
+// "  caption 3, 00:00:05,500: read with low confidence (63): \"text\"\n".
+QString lowConfidenceLine(int caption, long long start, int confidence, const QString& text);
 
 // A picture left out of the captions as holding no text, as the reports say it:
 // "  00:00:01,000 --> 00:00:03,491: picture of 96x24 at 300,400 left out: nothing read as a word\n".

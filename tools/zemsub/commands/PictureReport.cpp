@@ -1,8 +1,18 @@
-#include "LeftOutReport.h"
+#include "PictureReport.h"
 
 #include "TimeParser.h"
+#include "zemsub/frames/TextForm.h"
 
 namespace zemsub::tool {
+
+QString lowConfidenceLine(int caption, long long start, int confidence, const QString& text)
+{
+    return QStringLiteral("  caption %1, %2: read with low confidence (%3): \"%4\"\n")
+        .arg(caption)
+        .arg(formatTime(start))
+        .arg(confidence)
+        .arg(escaped(text));
+}
 
 QString leftOutLine(long long start, long long end, const QRect& place, const QString& why)
 {
