@@ -144,3 +144,30 @@ TEST_F(FixTracks, APlainFileIsItsOnlyTrack)
 }
 
 } // namespace
+
+#include "ZemsubConvert.h"
+
+namespace {
+
+TEST_F(FixTracks, AScriptTrackConvertedToAScriptKeepsItsHeaderAndStyles)
+{
+    zemsubfix::PlainOptions options;
+    options.track = 0;
+    const QString copy = QString::fromStdString(dir->file("styled-copy.ass"));
+    const zemsubfix::PlainReport report = zemsubfix::convertFile(path(files.ass), copy, options);
+    ASSERT_EQ(report.exitCode(), 0) << report.error.toStdString();
+    const QString text = QString::fromUtf8(report.copy);
+    EXPECT_TRUE(text.contains("PlayResX: 640")) << text.toStdString();
+    EXPECT_TRUE(text.contains("Style: Sign,DejaVu Sans,40,")) << text.toStdString();
+    EXPECT_TRUE(text.contains("Dialogue: 0,0:00:01.00,0:00:02.50,Default,,0,0,0,,Bonjour \u00e0 tous\n"))
+        << text.toStdString();
+    EXPECT_TRUE(text.contains("Dialogue: 0,0:00:03.00,0:00:04.00,Sign,,0,0,0,,C\u0153ur\n")) << text.toStdString();
+    // As SubRip, what a player shows of it.
+    const zemsubfix::PlainReport plain =
+        zemsubfix::convertFile(path(files.ass), QString::fromStdString(dir->file("styled-copy.srt")), options);
+    EXPECT_EQ(QString::fromUtf8(plain.copy),
+              QString::fromUtf8("1\n00:00:01,000 --> 00:00:02,500\nBonjour \u00e0 tous\n\n"
+                                "2\n00:00:03,000 --> 00:00:04,000\nC\u0153ur\n\n"));
+}
+
+} // namespace

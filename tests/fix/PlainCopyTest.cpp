@@ -19,15 +19,23 @@ zemsubfix::PlainReport convert(PlainFormat format)
     return zemsubfix::convertBuffer(QByteArray(kStyledSubRip), QStringLiteral("styled.srt"), format, {});
 }
 
-TEST(PlainCopy, SubRipKeepsItalicsAndPlacesAndNothingElse)
+const char* const kStyledScript =
+    "[Script Info]\nScriptType: v4.00+\n\n[V4+ Styles]\n"
+    "Format: Name, Fontname, Fontsize, PrimaryColour, SecondaryColour, OutlineColour, BackColour, Bold, Italic, "
+    "Underline, StrikeOut, ScaleX, ScaleY, Spacing, Angle, BorderStyle, Outline, Shadow, Alignment, MarginL, "
+    "MarginR, MarginV, Encoding\n"
+    "Style: Default,Arial,20,&H00FFFFFF,&H000000FF,&H00000000,&H00000000,0,0,0,0,100,100,0,0,1,2,2,2,10,10,10,1\n"
+    "\n[Events]\nFormat: Layer, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text\n"
+    "Dialogue: 0,0:00:01.00,0:00:02.50,Default,,0,0,0,,Plain and {\\i1}slanted{\\i0}\n"
+    "Dialogue: 0,0:00:03.00,0:00:04.00,Default,,0,0,0,,{\\an8\\b1}At the top\n"
+    "Dialogue: 0,0:00:05.00,0:00:06.00,Default,,0,0,0,,{\\i1}All of it\\Nin italics\n";
+
+TEST(PlainCopy, ASubRipFileIsWrittenAsItStands)
 {
     const zemsubfix::PlainReport report = convert(PlainFormat::SubRip);
     ASSERT_TRUE(report.readable) << report.error.toStdString();
-    EXPECT_EQ(QString::fromUtf8(report.copy),
-              "1\n00:00:01,000 --> 00:00:02,500\nPlain and <i>slanted</i>\n\n"
-              "2\n00:00:03,000 --> 00:00:04,000\n{\\an8}At the top\n\n"
-              "3\n00:00:05,000 --> 00:00:06,000\n<i>All of it</i>\n<i>in italics</i>\n\n"
-              "4\n00:00:07,000 --> 00:00:08,000\nFish & chips <3\n\n");
+    EXPECT_EQ(report.copy, QByteArray(kStyledSubRip));
+    // What it shows, caption by caption.
     ASSERT_EQ(report.captions.size(), 4u);
     EXPECT_TRUE(report.captions[0].partlyItalic);
     EXPECT_FALSE(report.captions[0].italic);
@@ -35,6 +43,25 @@ TEST(PlainCopy, SubRipKeepsItalicsAndPlacesAndNothingElse)
     EXPECT_EQ(report.captions[1].alignment, 8);
     EXPECT_EQ(report.captions[2].text, "All of it\nin italics");
     EXPECT_EQ(report.captions[0].confidence, -1);
+}
+
+TEST(PlainCopy, AScriptAsSubRipKeepsItalicsAndPlacesAndNothingElse)
+{
+    const zemsubfix::PlainReport report =
+        zemsubfix::convertBuffer(QByteArray(kStyledScript), QStringLiteral("styled.ass"), PlainFormat::SubRip, {});
+    ASSERT_TRUE(report.readable) << report.error.toStdString();
+    EXPECT_EQ(QString::fromUtf8(report.copy),
+              "1\n00:00:01,000 --> 00:00:02,500\nPlain and <i>slanted</i>\n\n"
+              "2\n00:00:03,000 --> 00:00:04,000\n{\\an8}At the top\n\n"
+              "3\n00:00:05,000 --> 00:00:06,000\n<i>All of it</i>\n<i>in italics</i>\n\n");
+}
+
+TEST(PlainCopy, AScriptAsAScriptIsWrittenAsItStands)
+{
+    const zemsubfix::PlainReport report =
+        zemsubfix::convertBuffer(QByteArray(kStyledScript), QStringLiteral("styled.ass"), PlainFormat::Ass, {});
+    ASSERT_TRUE(report.readable) << report.error.toStdString();
+    EXPECT_EQ(report.copy, QByteArray(kStyledScript));
 }
 
 TEST(PlainCopy, AssWritesItalicsAndAlignmentAsOverrideTags)

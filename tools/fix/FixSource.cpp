@@ -157,6 +157,7 @@ SourceFile readSource(const QByteArray& bytes, const QString& fileName, const QS
     source.readable = true;
     source.encoding = written.encoding;
     source.scriptHeader = written.scriptHeader;
+    source.demuxer = written.format;
     for (const WrittenBlock& block : written.blocks) {
         SourceCaption caption;
         caption.index = block.index;
@@ -164,6 +165,7 @@ SourceFile readSource(const QByteArray& bytes, const QString& fileName, const QS
         caption.start = block.start;
         caption.end = block.end;
         caption.text = block.text;
+        caption.event = block.event;
         const QString raw =
             (written.kind == WrittenKind::Script || written.utf8Track) && block.rawLines.isEmpty()
                 ? eventTextField(block.event)

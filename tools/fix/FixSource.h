@@ -22,6 +22,7 @@ struct SourceCaption
     QString text; // lines joined by "\n"
     int confidence = -1; // read from a picture: Tesseract's confidence; -1 for text
     int picture = -1;    // read from a picture: which one, from 0
+    QString event;       // text: FFmpeg's decoded event (ReadOrder,Layer,Style,...,Text)
     // What the player draws besides the text, or times, that the library cannot show.
     std::vector<zemsub::tool::CauseId> notDrawn;
     std::vector<zemsub::tool::TextRun> runs; // the text in runs of italic and upright
@@ -49,6 +50,7 @@ struct SourceFile
     QString trackReason;  // why that one
     QString trackSummary; // the track and why, in one line
     QString scriptHeader; // an ASS/SSA track's header as stored beside it (Matroska, MP4)
+    QString demuxer;      // text: FFmpeg's demuxer ("srt", "ass", "webvtt", "matroska,webm", ...)
     QString ocrLanguage;  // the Tesseract language a picture track was read in
     QString language;     // the track's language as tagged; empty when untagged
     bool pictures = false; // read from pictures

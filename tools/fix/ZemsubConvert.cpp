@@ -4,6 +4,7 @@
 #include "PlainWriter.h"
 #include "SavedCopy.h"
 #include "reading/FileBytes.h"
+#include "reading/SourceLines.h"
 #include "reading/StyledText.h"
 
 #include <QFileInfo>
@@ -39,6 +40,64 @@ QString markedFor(PlainFormat format, const std::vector<TextRun>& runs)
         break;
     }
     return zemsub::tool::markedText(runs, QStringLiteral("<i>"), QStringLiteral("</i>"));
+}
+
+// Whether FFmpeg reads the input with the demuxer of the copy's format: a plain
+// file that the copy is to be in its own format.
+bool sameFormat(const QString& demuxer, PlainFormat format)
+{
+    switch (format) {
+    case PlainFormat::Ass:
+        return demuxer == QLatin1String("ass");
+    case PlainFormat::WebVtt:
+        return demuxer == QLatin1String("webvtt");
+    case PlainFormat::SubRip:
+        break;
+    }
+    return demuxer == QLatin1String("srt");
+}
+
+// A plain file as it stands, in UTF-8 without a mark; empty when its encoding cannot be decoded.
+QByteArray asItStands(const QByteArray& bytes, const QString& encoding)
+{
+    QString text = zemsub::tool::decodeWith(bytes, encoding);
+    if (text.startsWith(QChar(0xFEFF)))
+        text.remove(0, 1);
+    return text.toUtf8();
+}
+
+// h:mm:ss.cc
+QString scriptTime(long long ms)
+{
+    ms = std::max(0LL, (ms + 5) / 10 * 10);
+    return QStringLiteral("%1:%2:%3.%4")
+        .arg(ms / 3600000)
+        .arg(ms / 60000 % 60, 2, 10, QLatin1Char('0'))
+        .arg(ms / 1000 % 60, 2, 10, QLatin1Char('0'))
+        .arg(ms % 1000 / 10, 2, 10, QLatin1Char('0'));
+}
+
+// A script track of a video as a script: the header stored beside it, then each
+// event as its Dialogue line.
+QByteArray scriptOfTrack(const SourceFile& source)
+{
+    QString text = source.scriptHeader;
+    if (!text.endsWith(QLatin1Char('\n')))
+        text += QLatin1Char('\n');
+    if (!text.contains(QStringLiteral("[Events]")))
+        text += QStringLiteral("\n[Events]\nFormat: Layer, Start, End, Style, Name, MarginL, MarginR, MarginV, "
+                               "Effect, Text\n");
+    for (const SourceCaption& caption : source.captions) {
+        // ReadOrder,Layer,Style,Name,MarginL,MarginR,MarginV,Effect,Text
+        const int afterOrder = int(caption.event.indexOf(QLatin1Char(','))) + 1;
+        const int afterLayer = int(caption.event.indexOf(QLatin1Char(','), afterOrder)) + 1;
+        if (afterOrder <= 0 || afterLayer <= 0)
+            continue;
+        text += QStringLiteral("Dialogue: %1,%2,%3,%4\n")
+                    .arg(caption.event.mid(afterOrder, afterLayer - afterOrder - 1), scriptTime(caption.start),
+                         scriptTime(caption.end), caption.event.mid(afterLayer));
+    }
+    return text.toUtf8();
 }
 
 } // namespace
@@ -126,6 +185,17 @@ PlainReport convertBuffer(const QByteArray& bytes, const QString& fileName, Plai
     std::stable_sort(report.review.begin(), report.review.end(),
                      [](const ReviewPicture& a, const ReviewPicture& b) { return a.start < b.start; });
     report.copy = writePlain(format, report.captions, source.frame);
+    // Text in its own format is written as it is: a plain file as it stands, a
+    // script track with its header and styles.
+    if (!source.pictures && !options.forcedOnly) {
+        if (sameFormat(source.demuxer, format)) {
+            const QByteArray plain = asItStands(bytes, source.encoding);
+            if (!plain.isEmpty())
+                report.copy = plain;
+        } else if (format == PlainFormat::Ass && !source.scriptHeader.isEmpty()) {
+            report.copy = scriptOfTrack(source);
+        }
+    }
     return report;
 }
 
