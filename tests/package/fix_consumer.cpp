@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include "ZemsubConvert.h"
 #include "ZemsubFix.h"
 
 int main()
@@ -33,6 +34,13 @@ int main()
     if (tracks.size() != 1 || tracks[0].codec != QLatin1String("subrip") || tracks[0].captions != 2) {
         std::fprintf(stderr, "fix_consumer: the listing does not give the file's one track: %s\n",
                      qPrintable(error));
+        return 1;
+    }
+    // So are plain copies for any player.
+    const zemsubfix::PlainReport plain =
+        zemsubfix::convertBuffer(text, QStringLiteral("consumer.srt"), zemsubfix::PlainFormat::WebVtt, {});
+    if (plain.exitCode() != 0 || plain.captions.size() != 2 || !plain.copy.startsWith("WEBVTT\n")) {
+        std::fprintf(stderr, "fix_consumer: the plain copy does not hold both captions\n");
         return 1;
     }
     std::printf("fix_consumer: ok\n");
