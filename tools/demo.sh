@@ -92,6 +92,12 @@ z fix samples/words.idx -o out/pictures/words-idx.srt
 z render samples/words.sup 2000 -o "out/words-sup-2s.png"
 z sheet samples/words.sup --text -o "out/words-sup-sheet.png"
 
+section "zemsub convert: plain copies for any player, italics and places kept"
+z convert samples/words.sup samples/words.idx -o 'out/pictures/{stem}.{lang}{forced}.srt' --overwrite
+cat out/pictures/words.und.srt
+z convert samples/words.sup -o out/pictures/words.vtt --overwrite
+z convert samples/tracks.mkv --track 2 -o out/pictures/bars.srt --overwrite --review out/pictures-review.png
+
 if [[ -x $host ]]; then
   section "The example host: three seconds of play over a synthetic video"
   printf '$ zemsub-host --seconds 3 --capture-at 1500 ...\n'
