@@ -6,7 +6,8 @@
 // those captions: the same texts, the same starts, ends one millisecond early.
 // A caption with times outside what the library holds (0 up to the largest
 // 32-bit millisecond) is cut to that range and reported "time-range", never
-// moved silently.
+// moved silently. The plain copy (convert; its format from bits 4-5) reads the
+// file the same way, is UTF-8, and holds only captions that last.
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
@@ -16,12 +17,15 @@
 
 #include "FuzzSupport.h"
 #include "FuzzTargets.h"
+#include "ZemsubConvert.h"
 #include "ZemsubFix.h"
 
 namespace zemsub::fuzz {
 namespace {
 
 const char* const kInputNames[4] = {"in.srt", "in.ass", "in.ssa", "in.txt"};
+const zemsubfix::PlainFormat kPlainFormats[3] = {zemsubfix::PlainFormat::SubRip, zemsubfix::PlainFormat::Ass,
+                                                  zemsubfix::PlainFormat::WebVtt};
 const zemsubfix::CopyFormat kFormats[4] = {zemsubfix::CopyFormat::SubRip, zemsubfix::CopyFormat::Ass,
                                            zemsubfix::CopyFormat::Ssa, zemsubfix::CopyFormat::SubRip};
 
@@ -102,6 +106,14 @@ int fuzz_fix(const uint8_t* data, size_t size)
     const QByteArray bytes(reinterpret_cast<const char*>(data + 1), int(size - 1));
 
     const zemsubfix::FixReport report = zemsubfix::fixBuffer(bytes, QString::fromLatin1(name), options);
+    // The plain copy reads the same file the same way, and writes UTF-8.
+    const zemsubfix::PlainFormat plainFormat = kPlainFormats[(data[0] >> 4) % 3];
+    const zemsubfix::PlainReport plain = zemsubfix::convertBuffer(bytes, QString::fromLatin1(name), plainFormat, {});
+    FUZZ_CHECK(plain.readable == report.readable);
+    FUZZ_CHECK(plain.readable || plain.copy.isEmpty());
+    FUZZ_CHECK(QString::fromUtf8(plain.copy).toUtf8() == plain.copy);
+    for (const zemsubfix::PlainCaption& caption : plain.captions)
+        FUZZ_CHECK(caption.end > caption.start && caption.alignment >= 1 && caption.alignment <= 9);
     if (!report.readable) {
         FUZZ_CHECK(!report.error.isEmpty());
         FUZZ_CHECK(report.copy.isEmpty());
