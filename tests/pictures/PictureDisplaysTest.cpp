@@ -5,6 +5,7 @@
 #include "pictures/PictureText.h"
 #include "samplegen/PgsWriter.h"
 #include "support/TrackFiles.h"
+#include "ZemsubConvert.h"
 #include "ZemsubFix.h"
 
 #include <QFile>
@@ -371,6 +372,36 @@ TEST(PictureDisplays, TheTrackListCountsForcedCaptions)
     ASSERT_EQ(tracks.size(), 1u) << error.toStdString();
     EXPECT_EQ(tracks[0].captions, 3);
     EXPECT_EQ(tracks[0].forcedCaptions, 2);
+}
+
+} // namespace
+
+namespace {
+
+TEST(PictureDisplays, TheReportSaysWhatEndsALastDisplayNeverCleared)
+{
+    TempDir dir;
+    const std::vector<CaptionText> captions = threeCaptions();
+    QString error;
+    const std::string index = vobSubWithLongestStops(dir, captions, &error);
+    ASSERT_FALSE(index.empty()) << error.toStdString();
+    const zemsubfix::PlainReport plain = zemsubfix::convertFile(QString::fromStdString(index),
+                                                               QString::fromStdString(dir.file("plain.srt")), {});
+    ASSERT_EQ(plain.exitCode(), 0) << plain.error.toStdString();
+    EXPECT_EQ(plain.lastDisplayEnd, "its reading time");
+    ASSERT_EQ(plain.captions.size(), 3u);
+    EXPECT_EQ(plain.captions[2].end, readingTimeEnd(captions[2].start, int(captions[2].text.size())));
+    const zemsubfix::FixReport fixed =
+        zemsubfix::fixFile(QString::fromStdString(index), QString::fromStdString(dir.file("fixed.srt")), {});
+    EXPECT_EQ(fixed.lastDisplayEnd, "its reading time");
+
+    // Cleared by its own stop, it says nothing.
+    TempDir other;
+    const std::string stopped = makeTextVobSub(other, captions, &error);
+    ASSERT_FALSE(stopped.empty()) << error.toStdString();
+    const zemsubfix::PlainReport clean = zemsubfix::convertFile(QString::fromStdString(stopped),
+                                                               QString::fromStdString(other.file("plain.srt")), {});
+    EXPECT_TRUE(clean.lastDisplayEnd.isEmpty());
 }
 
 } // namespace

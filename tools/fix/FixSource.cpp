@@ -91,6 +91,11 @@ void readPictures(SourceFile& source, const QByteArray& bytes, const QString& fi
     source.pictures = true;
     source.frame = read.frame;
     source.leftOut = read.leftOut;
+    if (!read.captions.empty()) {
+        const DisplayEnd last = read.captions.back().ended;
+        if (last == DisplayEnd::StreamEnd || last == DisplayEnd::VideoEnd || last == DisplayEnd::ReadingTime)
+            source.lastEnd = displayEndText(last);
+    }
     for (const PictureCaption& picture : read.captions)
         source.screen.push_back(ScreenPicture{picture.start, picture.end, picture.place.top(), picture.text});
     // Pictures of one display go bottom first: the copy stacks a later caption above an earlier one.

@@ -55,6 +55,7 @@ struct SourceFile
     QString language;     // the track's language as tagged; empty when untagged
     bool pictures = false; // read from pictures
     QSize frame;          // pictures: the frame they lie on
+    QString lastEnd;      // pictures whose last display nothing ends: what ends it ("the end of the video", ...)
     std::vector<SourceCaption> captions;
     std::vector<zemsub::tool::LeftOutPicture> leftOut; // pictures that hold no text
     // Pictures: each as the display rule shows it, with its top and its text,

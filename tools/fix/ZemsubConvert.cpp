@@ -136,6 +136,7 @@ PlainReport convertBuffer(const QByteArray& bytes, const QString& fileName, Plai
         return report;
     }
     report.readable = true;
+    report.lastDisplayEnd = source.lastEnd;
     for (const SourceCaption& caption : source.captions) {
         if (options.forcedOnly && !caption.forced)
             continue;

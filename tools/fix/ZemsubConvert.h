@@ -81,6 +81,7 @@ struct ZEMSUBFIX_EXPORT PlainReport
     std::vector<PlainCaption> captions;
     std::vector<LeftOutPicture> leftOut;
     std::vector<ReviewPicture> review; // with PlainOptions::review, in time order
+    QString lastDisplayEnd; // as FixReport::lastDisplayEnd
 
     // 0 written; 1 unreadable or not written.
     int exitCode() const;

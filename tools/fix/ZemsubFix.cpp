@@ -137,6 +137,7 @@ FixReport judgeCopy(const QByteArray& bytes, const QString& fileName, const FixO
     }
     report.readable = true;
     report.encoding = source.encoding;
+    report.lastDisplayEnd = source.lastEnd;
     for (const zemsub::tool::LeftOutPicture& picture : source.leftOut)
         report.leftOut.push_back(LeftOutPicture{picture.start, picture.end, picture.place.x(), picture.place.y(),
                                                 picture.place.width(), picture.place.height(), picture.why});

@@ -115,6 +115,8 @@ struct ZEMSUBFIX_EXPORT FixReport
     std::vector<CaptionOutcome> captions;
     std::vector<long long> shownInGaps; // times where the copy shows a caption but the original none
     std::vector<LeftOutPicture> leftOut; // pictures read as text that hold none
+    QString lastDisplayEnd; // pictures whose last display is never cleared: what ends it ("the end of the
+                            // stream", "the end of the video", "its reading time"); empty otherwise
 
     bool allAsWritten() const;
     // 0 every caption shows as written; 3 the copy was written but some cannot; 1 unreadable.

@@ -61,6 +61,8 @@ nlohmann::ordered_json outcomeJson(const Outcome& outcome)
     }
     json["captions"] = captions;
     json["leftOut"] = leftOutArray(report.leftOut);
+    if (report.pictures)
+        json["lastDisplayEnd"] = report.lastDisplayEnd.toStdString();
     return json;
 }
 
@@ -89,6 +91,7 @@ void printOutcome(const Outcome& outcome)
         if (caption.confidence >= 0 && caption.confidence < kLowConfidence)
             out(lowConfidenceLine(int(i) + 1, caption.start, caption.confidence, caption.text));
     }
+    out(lastDisplayLine(report.lastDisplayEnd));
     for (const zemsubfix::LeftOutPicture& picture : report.leftOut)
         out(leftOutLine(picture.start, picture.end, QRect(picture.x, picture.y, picture.width, picture.height),
                         picture.why));

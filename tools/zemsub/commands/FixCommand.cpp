@@ -56,8 +56,10 @@ nlohmann::ordered_json reportJson(const QString& input, const QString& output,
             {"asWritten", report.allAsWritten()},
             {"shownInGaps", report.shownInGaps},
             {"outcomes", captions}};
-    if (!report.ocrLanguage.isEmpty())
+    if (!report.ocrLanguage.isEmpty()) {
         json["leftOut"] = leftOutArray(report.leftOut);
+        json["lastDisplayEnd"] = report.lastDisplayEnd.toStdString();
+    }
     return json;
 }
 
@@ -80,6 +82,7 @@ void printReport(const QString& input, const QString& output, const zemsubfix::F
         if (caption.confidence >= 0 && caption.confidence < kLowConfidence)
             out(lowConfidenceLine(caption.index, caption.start, caption.confidence, caption.text));
     }
+    out(lastDisplayLine(report.lastDisplayEnd));
     for (const zemsubfix::LeftOutPicture& picture : report.leftOut)
         out(leftOutLine(picture.start, picture.end, QRect(picture.x, picture.y, picture.width, picture.height),
                         picture.why));

@@ -14,6 +14,13 @@ QString lowConfidenceLine(int caption, long long start, int confidence, const QS
         .arg(escaped(text));
 }
 
+QString lastDisplayLine(const QString& lastDisplayEnd)
+{
+    if (lastDisplayEnd.isEmpty())
+        return QString();
+    return QStringLiteral("  the last display is never cleared: it ends with %1\n").arg(lastDisplayEnd);
+}
+
 QString leftOutLine(long long start, long long end, const QRect& place, const QString& why)
 {
     return QStringLiteral("  %1 --> %2: picture of %3x%4 at %5,%6 left out: %7\n")

@@ -11,6 +11,9 @@ namespace zemsub::tool {
 // "  caption 3, 00:00:05,500: read with low confidence (63): \"text\"\n".
 QString lowConfidenceLine(int caption, long long start, int confidence, const QString& text);
 
+// "  the last display is never cleared: it ends with the end of the video\n"; empty when it is.
+QString lastDisplayLine(const QString& lastDisplayEnd);
+
 // A picture left out of the captions as holding no text, as the reports say it:
 // "  00:00:01,000 --> 00:00:03,491: picture of 96x24 at 300,400 left out: nothing read as a word\n".
 QString leftOutLine(long long start, long long end, const QRect& place, const QString& why);
