@@ -62,8 +62,7 @@ QString script(const std::vector<PlainCaption>& captions, QSize frame)
         line += caption.marked;
         line.replace(QLatin1Char('\n'), QStringLiteral("\\N"));
         text += QStringLiteral("Dialogue: 0,%1,%2,Default,,0,0,0,,%3\n")
-                    .arg(clock(hundredths(caption.start), QLatin1Char('.'), 2),
-                         clock(hundredths(caption.end), QLatin1Char('.'), 2), line);
+                    .arg(scriptClock(caption.start), scriptClock(caption.end), line);
     }
     return text;
 }
@@ -96,6 +95,11 @@ QString webVtt(const std::vector<PlainCaption>& captions)
 }
 
 } // namespace
+
+QString scriptClock(long long ms)
+{
+    return clock(hundredths(ms), QLatin1Char('.'), 2);
+}
 
 QByteArray writePlain(PlainFormat format, const std::vector<PlainCaption>& captions, QSize frame)
 {

@@ -66,17 +66,6 @@ QByteArray asItStands(const QByteArray& bytes, const QString& encoding)
     return text.toUtf8();
 }
 
-// h:mm:ss.cc
-QString scriptTime(long long ms)
-{
-    ms = std::max(0LL, (ms + 5) / 10 * 10);
-    return QStringLiteral("%1:%2:%3.%4")
-        .arg(ms / 3600000)
-        .arg(ms / 60000 % 60, 2, 10, QLatin1Char('0'))
-        .arg(ms / 1000 % 60, 2, 10, QLatin1Char('0'))
-        .arg(ms % 1000 / 10, 2, 10, QLatin1Char('0'));
-}
-
 // A script track of a video as a script: the header stored beside it, then each
 // event as its Dialogue line.
 QByteArray scriptOfTrack(const SourceFile& source)
@@ -94,8 +83,8 @@ QByteArray scriptOfTrack(const SourceFile& source)
         if (afterOrder <= 0 || afterLayer <= 0)
             continue;
         text += QStringLiteral("Dialogue: %1,%2,%3,%4\n")
-                    .arg(caption.event.mid(afterOrder, afterLayer - afterOrder - 1), scriptTime(caption.start),
-                         scriptTime(caption.end), caption.event.mid(afterLayer));
+                    .arg(caption.event.mid(afterOrder, afterLayer - afterOrder - 1), scriptClock(caption.start),
+                         scriptClock(caption.end), caption.event.mid(afterLayer));
     }
     return text.toUtf8();
 }
