@@ -31,3 +31,15 @@ if(TARGET pictures_tests)
     set_target_properties(pictures_tests PROPERTIES EXCLUDE_FROM_ALL ON)
   endif()
 endif()
+
+# Whole outputs of every command on the samples, the quirk set, the three-track video
+# and the picture samples, compared with the stored ones (tests/tools/commands/).
+if(TARGET zemsub)
+  find_package(Python3 COMPONENTS Interpreter)
+  if(Python3_FOUND)
+    add_test(NAME commands.stored_outputs
+      COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_SOURCE_DIR}/tools/commands/command_outputs.py
+              $<TARGET_FILE:zemsub> ${ZEMSUB_QT_MAJOR})
+    set_tests_properties(commands.stored_outputs PROPERTIES TIMEOUT 1800)
+  endif()
+endif()
