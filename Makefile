@@ -15,12 +15,17 @@ all: build
 deps:
 	@bash cmake/install-deps.sh
 
+CONFIGURE_QT6 = cmake -S . -B $(BUILD)/qt6 -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DZEMSUB_QT_MAJOR=6
+
 build: deps
-	cmake -S . -B $(BUILD)/qt6 -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DZEMSUB_QT_MAJOR=6
+	$(CONFIGURE_QT6)
 	cmake --build $(BUILD)/qt6 -j $(JOBS)
 
-# The main job: the tool over the bundled samples.
-demo: build
+# The main job: the tool over the bundled samples. Builds what it runs (the library, zemsub
+# and the example host), none of the test suite.
+demo: deps
+	$(CONFIGURE_QT6)
+	cmake --build $(BUILD)/qt6 -j $(JOBS) --target zemsub zemsub-host
 	@bash tools/demo.sh $(BUILD)/qt6
 	@bash tools/demo-fix.sh $(BUILD)/qt6
 
