@@ -75,12 +75,12 @@ QString withoutDrawing(const QString& raw)
 }
 
 // A picture track read as text: one caption per picture shown.
-void readPictures(SourceFile& source, const QByteArray& bytes, const QString& fileName, int track,
+void readPictures(SourceFile& source, const zemsub::tool::MediaInput& input, int track,
                   const QString& language, const std::function<void(int, int)>& progress, bool keepPictures)
 {
     using namespace zemsub::tool;
     const PictureText read =
-        readPictureText(bytes, fileName, track, language, progress, keepPictures ? &source.shownPictures : nullptr);
+        readPictureText(input, track, language, progress, keepPictures ? &source.shownPictures : nullptr);
     source.ocrLanguage = language;
     if (!read.read) {
         source.error = read.failure;
@@ -125,13 +125,13 @@ void readPictures(SourceFile& source, const QByteArray& bytes, const QString& fi
 
 } // namespace
 
-SourceFile readSource(const QByteArray& bytes, const QString& fileName, const QString& forcedEncoding,
-                      int track, const QString& language, const QString& ocrLanguage,
+SourceFile readSource(const zemsub::tool::MediaInput& input, const QString& forcedEncoding, int track,
+                      const QString& language, const QString& ocrLanguage,
                       const std::function<void(int, int)>& pictureProgress, bool keepPictures)
 {
     using namespace zemsub::tool;
     SourceFile source;
-    const TrackList tracks = listSubtitleTracks(bytes, fileName);
+    const TrackList tracks = listSubtitleTracks(input);
     if (!tracks.read) {
         source.error = tracks.failure;
         return source;
@@ -148,14 +148,14 @@ SourceFile readSource(const QByteArray& bytes, const QString& fileName, const QS
     source.trackReason = choice.why;
     source.trackSummary = describeChoice(tracks.tracks[size_t(choice.index)], choice);
     source.language = tracks.tracks[size_t(choice.index)].language;
-    const WrittenFile written = readWrittenTrack(bytes, fileName, forcedEncoding, tracks, choice.index);
+    const WrittenFile written = readWrittenTrack(input, forcedEncoding, tracks, choice.index);
     if (written.failed()) {
         source.error = written.failure;
         return source;
     }
     if (written.pictures) {
         const QString tag = tracks.tracks[size_t(choice.index)].language;
-        readPictures(source, bytes, fileName, choice.index,
+        readPictures(source, input, choice.index,
                      readingLanguage(ocrLanguage, tag), pictureProgress, keepPictures);
         return source;
     }

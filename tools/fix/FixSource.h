@@ -2,6 +2,7 @@
 #define ZEMSUBFIX_FIXSOURCE_H
 
 #include "pictures/PictureText.h"
+#include "reading/MediaInput.h"
 #include "reading/StyledText.h"
 #include "zemsub/lint/LintCauses.h"
 
@@ -69,9 +70,8 @@ struct SourceFile
 // track and language choose among the file's subtitle tracks (see chooseTrack).
 // A picture track is read as text in ocrLanguage (a Tesseract name), else in
 // the language of its tag.
-SourceFile readSource(const QByteArray& bytes, const QString& fileName, const QString& forcedEncoding,
-                      int track = -1, const QString& language = QString(),
-                      const QString& ocrLanguage = QString(),
+SourceFile readSource(const zemsub::tool::MediaInput& input, const QString& forcedEncoding, int track = -1,
+                      const QString& language = QString(), const QString& ocrLanguage = QString(),
                       const std::function<void(int, int)>& pictureProgress = nullptr, bool keepPictures = false);
 
 } // namespace zemsubfix

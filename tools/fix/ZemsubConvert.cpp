@@ -3,7 +3,7 @@
 #include "FixSource.h"
 #include "PlainWriter.h"
 #include "SavedCopy.h"
-#include "reading/FileBytes.h"
+#include "reading/MediaInput.h"
 #include "reading/SourceLines.h"
 #include "reading/StyledText.h"
 
@@ -106,12 +106,13 @@ int PlainReport::exitCode() const
     return readable && error.isEmpty() ? 0 : 1;
 }
 
-PlainReport convertBuffer(const QByteArray& bytes, const QString& fileName, PlainFormat format,
-                          const PlainOptions& options)
+namespace {
+
+PlainReport convertInput(const zemsub::tool::MediaInput& input, PlainFormat format, const PlainOptions& options)
 {
     PlainReport report;
     report.format = format;
-    const SourceFile source = readSource(bytes, fileName, QString(), options.track, options.language,
+    const SourceFile source = readSource(input, QString(), options.track, options.language,
                                          options.ocrLanguage, options.pictureProgress, options.review);
     report.track = source.track;
     report.trackSummary = source.trackSummary;
@@ -179,7 +180,7 @@ PlainReport convertBuffer(const QByteArray& bytes, const QString& fileName, Plai
     // script track with its header and styles.
     if (!source.pictures && !options.forcedOnly) {
         if (sameFormat(source.demuxer, format)) {
-            const QByteArray plain = asItStands(bytes, source.encoding);
+            const QByteArray plain = asItStands(input.wholeBytes(), source.encoding);
             if (!plain.isEmpty())
                 report.copy = plain;
         } else if (format == PlainFormat::Ass && !source.scriptHeader.isEmpty()) {
@@ -189,18 +190,30 @@ PlainReport convertBuffer(const QByteArray& bytes, const QString& fileName, Plai
     return report;
 }
 
+} // namespace
+
+PlainReport convertBuffer(const QByteArray& bytes, const QString& fileName, PlainFormat format,
+                          const PlainOptions& options)
+{
+    return convertInput(zemsub::tool::MediaInput(bytes, fileName), format, options);
+}
+
+PlainReport convertPath(const QString& inputPath, PlainFormat format, const PlainOptions& options)
+{
+    QString why;
+    const std::optional<zemsub::tool::MediaInput> input = zemsub::tool::MediaInput::open(inputPath, &why);
+    if (!input) {
+        PlainReport report;
+        report.format = format;
+        report.error = why;
+        return report;
+    }
+    return convertInput(*input, format, options);
+}
+
 PlainReport convertFile(const QString& inputPath, const QString& outputPath, const PlainOptions& options)
 {
-    PlainReport report;
-    {
-        const zemsub::tool::FileBytes input(inputPath);
-        if (!input.opened()) {
-            report.format = plainFormatForPath(outputPath);
-            report.error = input.error();
-            return report;
-        }
-        report = convertBuffer(input.bytes(), inputPath, plainFormatForPath(outputPath), options);
-    }
+    PlainReport report = convertPath(inputPath, plainFormatForPath(outputPath), options);
     if (report.readable)
         report.error = saveCopy(outputPath, report.copy);
     return report;

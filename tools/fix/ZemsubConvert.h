@@ -91,6 +91,10 @@ struct ZEMSUBFIX_EXPORT PlainReport
 ZEMSUBFIX_EXPORT PlainReport convertBuffer(const QByteArray& bytes, const QString& fileName, PlainFormat format,
                                            const PlainOptions& options);
 
+// Reads the file at inputPath as players do (a video is never held in memory)
+// and makes the copy (in the report only).
+ZEMSUBFIX_EXPORT PlainReport convertPath(const QString& inputPath, PlainFormat format, const PlainOptions& options);
+
 // Reads inputPath and writes the copy to outputPath (atomically), in the format of its extension.
 ZEMSUBFIX_EXPORT PlainReport convertFile(const QString& inputPath, const QString& outputPath,
                                          const PlainOptions& options);

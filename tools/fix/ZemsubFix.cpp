@@ -11,7 +11,7 @@
 #include "Stretch.h"
 #include "SubRipWriter.h"
 #include "manager/detail/FormatCodes.h"
-#include "reading/FileBytes.h"
+#include "reading/MediaInput.h"
 #include "reading/SubtitleTracks.h"
 #include "zemsub/lint/ReaderLimits.h"
 
@@ -118,14 +118,13 @@ int FixReport::exitCode() const
 
 namespace {
 
-// The copy of the original in bytes, or the one given, judged through the library.
-FixReport judgeCopy(const QByteArray& bytes, const QString& fileName, const FixOptions& options,
-                    const QByteArray* given)
+// The copy of the original, or the one given, judged through the library.
+FixReport judgeCopy(const zemsub::tool::MediaInput& input, const FixOptions& options, const QByteArray* given)
 {
     FixReport report;
     report.format = options.format;
     SourceFile source =
-        readSource(bytes, fileName, options.encoding, options.track, options.language, options.ocrLanguage,
+        readSource(input, options.encoding, options.track, options.language, options.ocrLanguage,
                    options.pictureProgress);
     report.track = source.track;
     report.trackReason = source.trackReason;
@@ -197,7 +196,7 @@ FixReport judgeCopy(const QByteArray& bytes, const QString& fileName, const FixO
 
 FixReport fixBuffer(const QByteArray& bytes, const QString& fileName, const FixOptions& options)
 {
-    return judgeCopy(bytes, fileName, options, nullptr);
+    return judgeCopy(zemsub::tool::MediaInput(bytes, fileName), options, nullptr);
 }
 
 FixReport checkCopyFile(const QString& inputPath, const QString& copyPath, const FixOptions& options)
@@ -210,12 +209,10 @@ FixReport checkCopyFile(const QString& inputPath, const QString& copyPath, const
         return report;
     }
     const QByteArray given = copy.readAll();
-    const zemsub::tool::FileBytes input(inputPath);
-    if (!input.opened()) {
-        report.error = input.error();
+    const std::optional<zemsub::tool::MediaInput> input = zemsub::tool::MediaInput::open(inputPath, &report.error);
+    if (!input)
         return report;
-    }
-    return judgeCopy(input.bytes(), inputPath, options, &given);
+    return judgeCopy(*input, options, &given);
 }
 
 std::vector<TrackInfo> listTracks(const QString& path, QString* error)
@@ -225,10 +222,11 @@ std::vector<TrackInfo> listTracks(const QString& path, QString* error)
             *error = why;
         return std::vector<TrackInfo>();
     };
-    const zemsub::tool::FileBytes input(path);
-    if (!input.opened())
-        return fail(input.error());
-    const zemsub::tool::TrackList list = zemsub::tool::listSubtitleTracks(input.bytes(), path);
+    QString why;
+    const std::optional<zemsub::tool::MediaInput> input = zemsub::tool::MediaInput::open(path, &why);
+    if (!input)
+        return fail(why);
+    const zemsub::tool::TrackList list = zemsub::tool::listSubtitleTracks(*input);
     if (!list.read)
         return fail(list.failure);
     if (list.tracks.empty())
@@ -259,13 +257,14 @@ FixReport fixFile(const QString& inputPath, const QString& outputPath, const Fix
 {
     FixReport report;
     {
-        const zemsub::tool::FileBytes input(inputPath);
-        if (!input.opened()) {
+        QString why;
+        const std::optional<zemsub::tool::MediaInput> input = zemsub::tool::MediaInput::open(inputPath, &why);
+        if (!input) {
             report.format = options.format;
-            report.error = input.error();
+            report.error = why;
             return report;
         }
-        report = fixBuffer(input.bytes(), inputPath, options);
+        report = judgeCopy(*input, options, nullptr);
     } // the input is let go before the copy may replace it
     if (report.readable && report.error.isEmpty())
         report.error = saveCopy(outputPath, report.copy);

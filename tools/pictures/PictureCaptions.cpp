@@ -1,6 +1,6 @@
 #include "PictureCaptions.h"
 
-#include "reading/DemuxedBytes.h"
+#include "reading/DemuxedInput.h"
 #include "reading/PlayerClock.h"
 #include "reading/StreamDecoder.h"
 
@@ -149,8 +149,13 @@ QImage rectPicture(const AVSubtitleRect& rect)
 
 PictureCaptions readPictureCaptions(const QByteArray& bytes, const QString& fileName, int track)
 {
+    return readPictureCaptions(MediaInput(bytes, fileName), track);
+}
+
+PictureCaptions readPictureCaptions(const MediaInput& media, int track)
+{
     PictureCaptions result;
-    const DemuxedBytes input(bytes, fileName);
+    const DemuxedInput input(media);
     AVFormatContext* const format = input.format();
     if (!format) {
         result.failure = input.failure();

@@ -169,7 +169,13 @@ PictureText readPictures(const std::vector<ShownPicture>& pictures, const QStrin
 PictureText readPictureText(const QByteArray& bytes, const QString& fileName, int track, const QString& language,
                             const ReadingProgress& progress, std::vector<ShownPicture>* pictures)
 {
-    PictureCaptions decoded = readPictureCaptions(bytes, fileName, track);
+    return readPictureText(MediaInput(bytes, fileName), track, language, progress, pictures);
+}
+
+PictureText readPictureText(const MediaInput& input, int track, const QString& language,
+                            const ReadingProgress& progress, std::vector<ShownPicture>* pictures)
+{
+    PictureCaptions decoded = readPictureCaptions(input, track);
     if (!decoded.read) {
         PictureText result;
         result.failure = decoded.failure;

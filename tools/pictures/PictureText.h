@@ -70,6 +70,10 @@ using ReadingProgress = std::function<void(int done, int total)>;
 PictureText readPictureText(const QByteArray& bytes, const QString& fileName, int track, const QString& language,
                             const ReadingProgress& progress = nullptr,
                             std::vector<ShownPicture>* pictures = nullptr);
+// The same for a file on disk or bytes in memory.
+PictureText readPictureText(const MediaInput& input, int track, const QString& language,
+                            const ReadingProgress& progress = nullptr,
+                            std::vector<ShownPicture>* pictures = nullptr);
 
 // The same for pictures already decoded, on a frame of that size (empty: as
 // large as the pictures reach, at least 720x480). A picture that ends by its

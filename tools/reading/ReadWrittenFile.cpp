@@ -75,13 +75,13 @@ void joinEvents(const SubtitleEvents& events, const std::vector<WrittenBlock>& s
         file.blocks[size_t(i)].index = i + 1;
 }
 
-WrittenFile readUtf8Track(const QByteArray& bytes, const QString& fileName, int track)
+WrittenFile readUtf8Track(const MediaInput& input, int track)
 {
     WrittenFile file;
     file.encoding = QStringLiteral("UTF-8");
     file.track = track;
     file.utf8Track = true;
-    const SubtitleEvents events = readSubtitleEvents(bytes, fileName, QString(), track);
+    const SubtitleEvents events = readSubtitleEvents(input, QString(), track);
     file.format = events.format;
     file.formatTitle = events.formatTitle;
     if (!events.read) {
@@ -146,12 +146,31 @@ WrittenFile readWrittenFile(const QByteArray& bytes, const QString& fileName, co
     return readPlainFile(bytes, fileName, forcedEncoding, -1);
 }
 
+WrittenFile readWrittenTrack(const MediaInput& input, const QString& forcedEncoding, const TrackList& tracks,
+                             int track)
+{
+    const bool pictures = track >= 0 && size_t(track) < tracks.tracks.size() && tracks.tracks[size_t(track)].pictures;
+    if (pictures) {
+        // Pictures have no text to read here: their reading decodes them.
+        WrittenFile file;
+        file.read = true;
+        file.pictures = true;
+        file.track = track;
+        file.format = tracks.format;
+        file.formatTitle = tracks.formatTitle;
+        file.kind = WrittenKind::Other;
+        return file;
+    }
+    if (tracks.textFile)
+        return readPlainFile(input.wholeBytes(), input.fileName(), forcedEncoding, track);
+    // A text track of a video: its events alone.
+    return readUtf8Track(input, track);
+}
+
 WrittenFile readWrittenTrack(const QByteArray& bytes, const QString& fileName, const QString& forcedEncoding,
                              const TrackList& tracks, int track)
 {
-    if (tracks.utf8Text)
-        return readUtf8Track(bytes, fileName, track);
-    return readPlainFile(bytes, fileName, forcedEncoding, track);
+    return readWrittenTrack(MediaInput(bytes, fileName), forcedEncoding, tracks, track);
 }
 
 } // namespace zemsub::tool

@@ -25,6 +25,10 @@ WrittenFile readWrittenFile(const QByteArray& bytes, const QString& fileName,
 // ASS/SSA track keeps its header in scriptHeader.
 WrittenFile readWrittenTrack(const QByteArray& bytes, const QString& fileName, const QString& forcedEncoding,
                              const TrackList& tracks, int track);
+// The same for a file on disk or bytes in memory. A picture track is not read
+// here (pictures is set); only a subtitle file of text is read whole.
+WrittenFile readWrittenTrack(const MediaInput& input, const QString& forcedEncoding, const TrackList& tracks,
+                             int track);
 
 } // namespace zemsub::tool
 

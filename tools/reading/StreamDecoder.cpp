@@ -1,6 +1,6 @@
 #include "StreamDecoder.h"
 
-#include "DemuxedBytes.h"
+#include "DemuxedInput.h"
 
 extern "C" {
 #include <libavcodec/avcodec.h>

@@ -1,6 +1,6 @@
 #include "SubtitleEvents.h"
 
-#include "DemuxedBytes.h"
+#include "DemuxedInput.h"
 #include "StreamDecoder.h"
 
 extern "C" {
@@ -51,8 +51,13 @@ void addEvents(const AVSubtitle& subtitle, const AVPacket& packet, AVRational ti
 SubtitleEvents readSubtitleEvents(const QByteArray& bytes, const QString& fileName, const QString& encoding,
                                   int track)
 {
+    return readSubtitleEvents(MediaInput(bytes, fileName), encoding, track);
+}
+
+SubtitleEvents readSubtitleEvents(const MediaInput& media, const QString& encoding, int track)
+{
     SubtitleEvents result;
-    const DemuxedBytes input(bytes, fileName);
+    const DemuxedInput input(media);
     AVFormatContext* const format = input.format();
     if (!format) {
         result.failure = input.failure();

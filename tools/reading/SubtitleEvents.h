@@ -1,6 +1,8 @@
 #ifndef ZEMSUB_READING_SUBTITLEEVENTS_H
 #define ZEMSUB_READING_SUBTITLEEVENTS_H
 
+#include "MediaInput.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
@@ -37,6 +39,8 @@ struct SubtitleEvents
 // from 0; -1 takes the one FFmpeg finds best.
 SubtitleEvents readSubtitleEvents(const QByteArray& bytes, const QString& fileName, const QString& encoding,
                                   int track = -1);
+// The same for a file on disk or bytes in memory.
+SubtitleEvents readSubtitleEvents(const MediaInput& input, const QString& encoding, int track = -1);
 
 } // namespace zemsub::tool
 

@@ -1,6 +1,6 @@
 #include "SubtitleTracks.h"
 
-#include "DemuxedBytes.h"
+#include "DemuxedInput.h"
 #include "EncodingDetection.h"
 #include "StreamDecoder.h"
 
@@ -64,6 +64,15 @@ void count(SubtitleTrack& track, long long start, long long end)
     track.last = firstOne ? std::max(start, end) : std::max(track.last, std::max(start, end));
 }
 
+// A subtitle file of text: one stream, of text subtitles.
+bool isTextSubtitleFile(const AVFormatContext* format)
+{
+    if (format->nb_streams != 1 || format->streams[0]->codecpar->codec_type != AVMEDIA_TYPE_SUBTITLE)
+        return false;
+    const AVCodecDescriptor* descriptor = avcodec_descriptor_get(format->streams[0]->codecpar->codec_id);
+    return !(descriptor && (descriptor->props & AV_CODEC_PROP_BITMAP_SUB));
+}
+
 } // namespace
 
 bool storesUtf8Text(const QString& format)
@@ -73,8 +82,13 @@ bool storesUtf8Text(const QString& format)
 
 TrackList listSubtitleTracks(const QByteArray& bytes, const QString& fileName)
 {
+    return listSubtitleTracks(MediaInput(bytes, fileName));
+}
+
+TrackList listSubtitleTracks(const MediaInput& media)
+{
     TrackList list;
-    const DemuxedBytes input(bytes, fileName);
+    const DemuxedInput input(media);
     AVFormatContext* const format = input.format();
     if (!format) {
         list.failure = input.failure();
@@ -83,8 +97,10 @@ TrackList listSubtitleTracks(const QByteArray& bytes, const QString& fileName)
     list.format = input.formatName();
     list.formatTitle = input.formatTitle();
     list.utf8Text = storesUtf8Text(list.format);
-    // A plain subtitle file's text is read in its detected encoding, as its reading does.
-    const QString encoding = list.utf8Text ? QString() : detectEncoding(bytes).decoderEncoding();
+    list.textFile = !list.utf8Text && isTextSubtitleFile(format);
+    // A subtitle file's text is read in its detected encoding, as its reading does.
+    const QString encoding = list.textFile ? detectEncoding(media.wholeBytes()).decoderEncoding()
+                           : QString();
 
     std::vector<int> trackOfStream(format->nb_streams, -1);
     std::vector<Decoder> decoders;

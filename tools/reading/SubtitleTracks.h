@@ -1,6 +1,8 @@
 #ifndef ZEMSUB_READING_SUBTITLETRACKS_H
 #define ZEMSUB_READING_SUBTITLETRACKS_H
 
+#include "MediaInput.h"
+
 #include <QByteArray>
 #include <QString>
 #include <vector>
@@ -31,6 +33,7 @@ struct TrackList
     QString format;        // the demuxer's name: "matroska,webm", "mov,mp4,m4a,3gp,3g2,mj2", "srt", ...
     QString formatTitle;   // its long name
     bool utf8Text = false; // Matroska or MP4: their text tracks are UTF-8 by definition
+    bool textFile = false; // a subtitle file of text (one stream, of text subtitles), read whole for its lines
     std::vector<SubtitleTrack> tracks; // in file order
 };
 
@@ -41,6 +44,9 @@ bool storesUtf8Text(const QString& format);
 // not exist) and decodes every subtitle stream to count its captions. A plain
 // subtitle file is one track, its text read in the encoding detected for it.
 TrackList listSubtitleTracks(const QByteArray& bytes, const QString& fileName);
+// The same for a file on disk or bytes in memory. Only a subtitle file's text
+// (one text stream, nothing else) is read whole, for its encoding.
+TrackList listSubtitleTracks(const MediaInput& input);
 
 } // namespace zemsub::tool
 

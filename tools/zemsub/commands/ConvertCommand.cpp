@@ -7,7 +7,6 @@
 #include "TrackOptions.h"
 #include "ZemsubConvert.h"
 #include "pictures/PictureText.h"
-#include "reading/FileBytes.h"
 #include "zemsub/convert/OutputPattern.h"
 #include "zemsub/frames/SheetPainter.h"
 #include "zemsub/frames/TextForm.h"
@@ -198,16 +197,10 @@ int runConvert(const QStringList& args)
         if (!patternNeedsTrack(pattern) && QFileInfo::exists(outcome.output) && !overwrite) {
             outcome.skipped = true;
         } else {
-            const FileBytes input(inputs[i]);
-            if (!input.opened()) {
-                outcome.report.error = input.error();
-            } else {
-                outcome.report = zemsubfix::convertBuffer(input.bytes(), inputs[i],
-                                                          zemsubfix::plainFormatForPath(pattern), options);
-                values.language = outcome.report.language;
-                values.track = outcome.report.track;
-                outcome.output = expandPattern(pattern, values);
-            }
+            outcome.report = zemsubfix::convertPath(inputs[i], zemsubfix::plainFormatForPath(pattern), options);
+            values.language = outcome.report.language;
+            values.track = outcome.report.track;
+            outcome.output = expandPattern(pattern, values);
             if (outcome.report.readable) {
                 if (QFileInfo::exists(outcome.output) && !overwrite) {
                     outcome.skipped = true;

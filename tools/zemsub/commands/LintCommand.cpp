@@ -3,7 +3,7 @@
 
 #include "CommandLine.h"
 #include "TrackOptions.h"
-#include "reading/FileBytes.h"
+#include "reading/MediaInput.h"
 #include "pictures/OcrLanguage.h"
 #include "pictures/PictureText.h"
 #include "reading/ReadWrittenFile.h"
@@ -23,10 +23,10 @@ namespace {
 // The file as an FFmpeg-based player reads it; exit 1 naming the file when it cannot be read.
 // A picture track's pictures read as text: one caption per picture, its text
 // as a Matroska track's event carries it.
-void readPicturesAsText(WrittenFile& written, const QByteArray& bytes, const QString& path, int track,
+void readPicturesAsText(WrittenFile& written, const MediaInput& input, const QString& path, int track,
                         const QString& language)
 {
-    const PictureText read = readPictureText(bytes, path, track, language);
+    const PictureText read = readPictureText(input, track, language);
     if (!read.read)
         fileError(path, QStringLiteral("cannot lint: %1").arg(read.failure));
     written.readAs = language;
@@ -51,11 +51,11 @@ void readPicturesAsText(WrittenFile& written, const QByteArray& bytes, const QSt
 WrittenFile readWrittenSide(const QString& path, const QString& encoding, int track, const QString& language,
                             const QString& ocrLanguage, TrackChoice& choice)
 {
-    const FileBytes file(path);
-    if (!file.opened())
-        fileError(path, file.error());
-    const QByteArray& bytes = file.bytes();
-    const TrackList tracks = listSubtitleTracks(bytes, path);
+    QString why;
+    const std::optional<MediaInput> input = MediaInput::open(path, &why);
+    if (!input)
+        fileError(path, why);
+    const TrackList tracks = listSubtitleTracks(*input);
     if (!tracks.read)
         fileError(path, QStringLiteral("cannot lint: %1").arg(tracks.failure));
     if (tracks.tracks.empty())
@@ -65,11 +65,11 @@ WrittenFile readWrittenSide(const QString& path, const QString& encoding, int tr
     if (!choice.chosen)
         fileError(path, QStringLiteral("cannot lint: %1").arg(choice.error));
     announceTrack(describeChoice(tracks.tracks[size_t(choice.index)], choice));
-    WrittenFile written = readWrittenTrack(bytes, path, encoding, tracks, choice.index);
+    WrittenFile written = readWrittenTrack(*input, encoding, tracks, choice.index);
     if (written.failed())
         fileError(path, QStringLiteral("cannot lint: %1").arg(written.failure));
     if (written.pictures)
-        readPicturesAsText(written, bytes, path, choice.index,
+        readPicturesAsText(written, *input, path, choice.index,
                            readingLanguage(ocrLanguage, tracks.tracks[size_t(choice.index)].language));
     return written;
 }

@@ -3,7 +3,7 @@
 
 #include "CommandLine.h"
 #include "TimeParser.h"
-#include "reading/FileBytes.h"
+#include "reading/MediaInput.h"
 #include "reading/SubtitleTracks.h"
 
 #include <QFileInfo>
@@ -90,10 +90,11 @@ int runTracks(const QStringList& args)
         fileError(path, QStringLiteral("no such file"));
     if (QFileInfo(path).isDir())
         fileError(path, QStringLiteral("is a directory"));
-    const FileBytes file(path);
-    if (!file.opened())
-        fileError(path, file.error());
-    const TrackList list = listSubtitleTracks(file.bytes(), path);
+    QString why;
+    const std::optional<MediaInput> input = MediaInput::open(path, &why);
+    if (!input)
+        fileError(path, why);
+    const TrackList list = listSubtitleTracks(*input);
     if (!list.read)
         fileError(path, list.failure);
     if (list.tracks.empty())

@@ -1,7 +1,7 @@
 #include "TrackPictures.h"
 
 #include "zemsub/commands/CommandLine.h"
-#include "reading/FileBytes.h"
+#include "reading/MediaInput.h"
 #include "reading/SubtitleTracks.h"
 
 namespace zemsub::tool {
@@ -16,13 +16,14 @@ const QSize kBlurayFrame(1920, 1080);
 std::optional<TrackPictures> TrackPictures::open(const QString& path, int track)
 {
     const bool named = track >= 0;
-    const FileBytes input(path);
-    if (!input.opened()) {
+    QString why;
+    const std::optional<MediaInput> input = MediaInput::open(path, &why);
+    if (!input) {
         if (named)
-            fileError(path, input.error());
+            fileError(path, why);
         return std::nullopt;
     }
-    const TrackList list = listSubtitleTracks(input.bytes(), path);
+    const TrackList list = listSubtitleTracks(*input);
     if (!list.read) {
         if (named)
             fileError(path, QStringLiteral("cannot read its tracks: %1").arg(list.failure));
@@ -46,7 +47,7 @@ std::optional<TrackPictures> TrackPictures::open(const QString& path, int track)
     TrackPictures pictures;
     pictures.m_track = chosen->index;
     pictures.m_language = chosen->language;
-    pictures.m_pictures = readPictureCaptions(input.bytes(), path, pictures.m_track);
+    pictures.m_pictures = readPictureCaptions(*input, pictures.m_track);
     if (!pictures.m_pictures.read)
         fileError(path, QStringLiteral("cannot decode its pictures: %1").arg(pictures.m_pictures.failure));
     QSize& frame = pictures.m_frame;

@@ -1,4 +1,4 @@
-#include "DemuxedBytes.h"
+#include "DemuxedInput.h"
 
 #include "QuietFfmpeg.h"
 
@@ -16,18 +16,22 @@ QString ffmpegError(int code)
     return QString::fromUtf8(text);
 }
 
-DemuxedBytes::DemuxedBytes(const QByteArray& bytes, const QString& fileName) : m_input(bytes)
+DemuxedInput::DemuxedInput(const MediaInput& input)
 {
     quietFfmpeg();
     AVFormatContext* raw = avformat_alloc_context();
-    if (!raw || !m_input.context()) {
+    if (!input.onDisk())
+        m_memory = std::make_unique<MemoryInput>(input.memoryBytes());
+    if (!raw || (m_memory && !m_memory->context())) {
         avformat_free_context(raw);
         m_failure = ffmpegError(AVERROR(ENOMEM));
         return;
     }
-    raw->pb = m_input.context();
-    raw->flags |= AVFMT_FLAG_CUSTOM_IO;
-    const QByteArray url = fileName.toUtf8();
+    if (m_memory) {
+        raw->pb = m_memory->context();
+        raw->flags |= AVFMT_FLAG_CUSTOM_IO;
+    }
+    const QByteArray url = input.url();
     const int code = avformat_open_input(&raw, url.constData(), nullptr, nullptr);
     if (code < 0) {
         m_failure = QStringLiteral("FFmpeg cannot read it: %1").arg(ffmpegError(code));
@@ -40,18 +44,18 @@ DemuxedBytes::DemuxedBytes(const QByteArray& bytes, const QString& fileName) : m
         avformat_find_stream_info(m_format, nullptr);
 }
 
-DemuxedBytes::~DemuxedBytes()
+DemuxedInput::~DemuxedInput()
 {
     if (m_format)
         avformat_close_input(&m_format);
 }
 
-QString DemuxedBytes::formatName() const
+QString DemuxedInput::formatName() const
 {
     return m_format ? QString::fromUtf8(m_format->iformat->name) : QString();
 }
 
-QString DemuxedBytes::formatTitle() const
+QString DemuxedInput::formatTitle() const
 {
     return m_format && m_format->iformat->long_name ? QString::fromUtf8(m_format->iformat->long_name)
                                                     : QString();

@@ -1,10 +1,12 @@
-#ifndef ZEMSUB_READING_DEMUXEDBYTES_H
-#define ZEMSUB_READING_DEMUXEDBYTES_H
+#ifndef ZEMSUB_READING_DEMUXEDINPUT_H
+#define ZEMSUB_READING_DEMUXEDINPUT_H
 
+#include "MediaInput.h"
 #include "MemoryInput.h"
 
 #include <QByteArray>
 #include <QString>
+#include <memory>
 
 struct AVFormatContext;
 
@@ -13,16 +15,17 @@ namespace zemsub::tool {
 // FFmpeg's words for an error code.
 QString ffmpegError(int code);
 
-// Bytes opened by libavformat as a file named fileName (the name gives the
+// An input opened by libavformat: a file on disk through FFmpeg's own file
+// reading, bytes in memory as a file of their name (the name gives the
 // extension its probing weighs). Formats without a header have their streams
 // found from the first packets.
-class DemuxedBytes
+class DemuxedInput
 {
 public:
-    DemuxedBytes(const QByteArray& bytes, const QString& fileName);
-    ~DemuxedBytes();
-    DemuxedBytes(const DemuxedBytes&) = delete;
-    DemuxedBytes& operator=(const DemuxedBytes&) = delete;
+    explicit DemuxedInput(const MediaInput& input);
+    ~DemuxedInput();
+    DemuxedInput(const DemuxedInput&) = delete;
+    DemuxedInput& operator=(const DemuxedInput&) = delete;
 
     // Null when FFmpeg could not open the bytes: failure() says why.
     AVFormatContext* format() const { return m_format; }
@@ -31,7 +34,7 @@ public:
     QString formatTitle() const; // its long name
 
 private:
-    MemoryInput m_input;
+    std::unique_ptr<MemoryInput> m_memory; // bytes in memory only
     AVFormatContext* m_format = nullptr;
     QString m_failure;
 };
