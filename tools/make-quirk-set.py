@@ -80,6 +80,13 @@ def quirks():
         "time-range.srt": srt(1, "00:00:01,000 --> 00:00:02,000", "one")
         + srt(2, "600:00:00,000 --> 600:00:01,000", "late") + srt(3, "600:00:02,000 --> 600:00:03,000", "last"),
         "open-refused.srt": long_file(),
+        "unended-last-line.ssa": "[Script Info]\nScriptType: v4.00\n\n[Events]\n"
+        "Format: Marked, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text\n"
+        "Dialogue: Marked=0,0:00:01.00,0:00:02.00,*Default,,0000,0000,0000,,one\n"
+        "Dialogue: Marked=0,0:00:03.00,0:00:04.00,*Default,,0000,0000,0000,,two\n"
+        "Sound: Marked=0,0:00:04.00,0:00:05.00,*Default,,0000,0000,0000,,bell.wav\n"
+        "Dialogue: Marked=0,0:00:05.00,0:00:06.00,*Default,,0000,0000,0000,,three\n"
+        "Dialogue: Marked=0,0:00:07.00,0:00:08.00,*Default,,0000,0000,0000,,four",
     }
 
 

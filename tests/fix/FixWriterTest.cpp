@@ -316,6 +316,47 @@ TEST_F(FixWriter, ScriptCopyShowsEveryLineAndTheLastDialogue)
     EXPECT_EQ(ass.report.exitCode(), 3);
 }
 
+TEST_F(FixWriter, ScriptWhoseLastLineHasNoLineFeedShowsItsLastTwoCaptions)
+{
+    // SubStation Alpha's own form: Marked fields, a Sound line among the Dialogue
+    // lines, and no line feed after the last Dialogue line, which the reader drops.
+    const std::string script =
+        "[Script Info]\nScriptType: v4.00\n\n[V4 Styles]\n"
+        "Format: Name, Fontname, Fontsize, PrimaryColour, SecondaryColour, TertiaryColour, BackColour, "
+        "Bold, Italic, BorderStyle, Outline, Shadow, Alignment, MarginL, MarginR, MarginV, AlphaLevel, "
+        "Encoding\n"
+        "Style: Default,Arial,28,16777215,65535,0,0,0,0,1,2,1,2,20,20,20,0,0\n\n[Events]\n"
+        "Format: Marked, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text\n"
+        "Dialogue: Marked=0,0:00:01.00,0:00:02.00,Default,,0000,0000,0000,,One\n"
+        "Dialogue: Marked=0,0:00:03.00,0:00:04.00,Default,,0000,0000,0000,,Two\n"
+        "Dialogue: Marked=0,0:00:05.00,0:00:06.00,Default,,0000,0000,0000,,Three\n"
+        "Sound: Marked=0,0:00:06.50,0:00:07.00,Default,,0000,0000,0000,,bell.wav\n"
+        "Dialogue: Marked=0,0:00:07.00,0:00:08.00,Default,,0000,0000,0000,,Four";
+    // The original: "Four" is not stored, and "Three", left last, is never answered.
+    const std::vector<QString> before =
+        askLibrary(dir.write("unended.ssa", script), {{3500, "Two"}, {5500, QString()}, {7500, QString()}});
+    ASSERT_EQ(before.size(), 3u);
+    EXPECT_EQ(before[0], QStringLiteral("Two"));
+    EXPECT_TRUE(before[1].isEmpty());
+    EXPECT_TRUE(before[2].isEmpty());
+
+    const Fixed fixed = fix(script, "unended.ssa", "copy.ssa");
+    ASSERT_TRUE(fixed.report.readable) << fixed.report.error.toStdString();
+    ASSERT_TRUE(fixed.report.copyOpens);
+    ASSERT_EQ(fixed.report.captions.size(), 4u);
+    for (const zemsubfix::CaptionOutcome& caption : fixed.report.captions) {
+        EXPECT_TRUE(caption.textShown) << caption.text.toStdString();
+        EXPECT_TRUE(caption.reasons.empty()) << caption.text.toStdString();
+    }
+    EXPECT_TRUE(fixed.report.copy.endsWith('\n'));
+    const std::vector<QString> answers = askLibrary(
+        fixed.copy,
+        {{1500, "One"}, {3500, "Two"}, {5010, "Three"}, {5990, "Three"}, {7010, "Four"}, {7990, "Four"}});
+    const std::vector<QString> expected = {"One", "Two", "Three", "Three", "Four", "Four"};
+    EXPECT_EQ(answers, expected);
+    EXPECT_EQ(fixed.report.exitCode(), 0);
+}
+
 TEST_F(FixWriter, DrawingAndKaraokeAreReported)
 {
     const std::string script =

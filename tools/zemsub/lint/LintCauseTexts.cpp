@@ -196,6 +196,13 @@ Cause describeCause(CauseId id, const WrittenFile& file, const LibrarySide& libr
                 QStringLiteral(
                     "values written \"&h...\" read as -1 (the style record and play size are kept as read "
                     "and not used for drawing)")};
+    case CauseId::UnendedLastLine:
+        return {id, QStringLiteral("unended-last-line"),
+                QStringLiteral(
+                    "a last line without a line feed: the reader drops the last line of a file that does "
+                    "not end in a line feed, so the Dialogue line standing there is never stored, and the "
+                    "Dialogue line before it becomes the last entry, which the look-up never answers "
+                    "(zemsub fix ends every line of the copy with a line feed)")};
     case CauseId::Drawing:
         return {id, QStringLiteral("drawing"),
                 QStringLiteral("drawing commands: the library draws text only, so a caption drawn as a shape "

@@ -160,10 +160,63 @@ bool anglePair(const QString& text)
     return pair.match(text).hasMatch();
 }
 
+bool sameTimes(const StoredEntry& entry, const WrittenBlock& block)
+{
+    return entry.start == block.start && entry.end == block.end;
+}
+
+// A Dialogue line on the file's last line that the reader did not store: it
+// drops the last line of a file that does not end in a line feed. Seen from
+// the map: FFmpeg reads a caption on the last line, and the reader's last
+// entry holds the times of an earlier caption (or there is no entry at all).
+// The captions (1-based) of that line and of the entry left last; 0 for none.
+struct UnendedLastLine
+{
+    int dropped = 0;
+    int keptLast = 0;
+};
+
+UnendedLastLine unendedLastLine(const WrittenFile& file, const LibrarySide& library)
+{
+    UnendedLastLine found;
+    if (file.kind != WrittenKind::Script || file.utf8Track || file.zeroBytes || !library.opened)
+        return found;
+    const WrittenBlock* last = nullptr;
+    for (const WrittenBlock& block : file.blocks) {
+        if (block.sourceFound && (!last || block.line > last->line))
+            last = &block;
+    }
+    if (!last || last->line != file.lineCount)
+        return found;
+    const StoredEntry* highest = nullptr;
+    for (const StoredEntry& entry : library.stored) {
+        if (!highest || entry.key > highest->key)
+            highest = &entry;
+    }
+    if (highest) {
+        if (sameTimes(*highest, *last))
+            return found;
+        const WrittenBlock* kept = nullptr;
+        for (const WrittenBlock& block : file.blocks) {
+            if (block.sourceFound && block.line < last->line && sameTimes(*highest, block) &&
+                (!kept || block.line > kept->line))
+                kept = &block;
+        }
+        if (!kept)
+            return found;
+        found.keptLast = kept->index;
+    }
+    found.dropped = last->index;
+    return found;
+}
+
 void explainScript(const WrittenFile& file, const WrittenBlock& block, const LibrarySide& library,
                    std::vector<CauseId>& causes)
 {
-    if (library.stored.size() == 1)
+    const UnendedLastLine unended = unendedLastLine(file, library);
+    if (block.index == unended.dropped || block.index == unended.keptLast)
+        causes.push_back(CauseId::UnendedLastLine);
+    else if (library.stored.size() == 1)
         causes.push_back(CauseId::OneEntry);
     else if (block.index == int(file.blocks.size()))
         causes.push_back(CauseId::LastEntry);

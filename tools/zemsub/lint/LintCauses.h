@@ -42,6 +42,7 @@ enum class CauseId {
     Encoding,
     OtherFormat,
     HexValue,
+    UnendedLastLine,
     // What no copy can make the library show.
     Drawing,
     Karaoke,
