@@ -149,8 +149,8 @@ WrittenFile readWrittenFile(const QByteArray& bytes, const QString& fileName, co
 WrittenFile readWrittenTrack(const MediaInput& input, const QString& forcedEncoding, const TrackList& tracks,
                              int track)
 {
-    const bool pictures = track >= 0 && size_t(track) < tracks.tracks.size() && tracks.tracks[size_t(track)].pictures;
-    if (pictures) {
+    const bool known = track >= 0 && size_t(track) < tracks.tracks.size();
+    if (known && tracks.tracks[size_t(track)].pictures) {
         // Pictures have no text to read here: their reading decodes them.
         WrittenFile file;
         file.read = true;
