@@ -75,7 +75,7 @@ QString withoutDrawing(const QString& raw)
 }
 
 // A picture track read as text: one caption per picture shown.
-void readPictures(SourceFile& source, const zemsub::tool::MediaInput& input, int track,
+void readPictures(SourceFile& source, zemsub::tool::DemuxedInput& input, int track,
                   const QString& language, const std::function<void(int, int)>& progress, bool keepPictures)
 {
     using namespace zemsub::tool;
@@ -131,7 +131,9 @@ SourceFile readSource(const zemsub::tool::MediaInput& input, const QString& forc
 {
     using namespace zemsub::tool;
     SourceFile source;
-    const TrackList tracks = listSubtitleTracks(input);
+    // One open: the tracks from the header, then the chosen one read from the same demuxer.
+    DemuxedInput demuxed(input);
+    const TrackList tracks = describeTracks(demuxed);
     if (!tracks.read) {
         source.error = tracks.failure;
         return source;
@@ -148,14 +150,14 @@ SourceFile readSource(const zemsub::tool::MediaInput& input, const QString& forc
     source.trackReason = choice.why;
     source.trackSummary = describeChoice(tracks.tracks[size_t(choice.index)], choice);
     source.language = tracks.tracks[size_t(choice.index)].language;
-    const WrittenFile written = readWrittenTrack(input, forcedEncoding, tracks, choice.index);
+    const WrittenFile written = readWrittenTrack(input, demuxed, forcedEncoding, tracks, choice.index);
     if (written.failed()) {
         source.error = written.failure;
         return source;
     }
     if (written.pictures) {
         const QString tag = tracks.tracks[size_t(choice.index)].language;
-        readPictures(source, input, choice.index,
+        readPictures(source, demuxed, choice.index,
                      readingLanguage(ocrLanguage, tag), pictureProgress, keepPictures);
         return source;
     }

@@ -149,13 +149,13 @@ QImage rectPicture(const AVSubtitleRect& rect)
 
 PictureCaptions readPictureCaptions(const QByteArray& bytes, const QString& fileName, int track)
 {
-    return readPictureCaptions(MediaInput(bytes, fileName), track);
+    DemuxedInput input(MediaInput(bytes, fileName));
+    return readPictureCaptions(input, track);
 }
 
-PictureCaptions readPictureCaptions(const MediaInput& media, int track)
+PictureCaptions readPictureCaptions(DemuxedInput& input, int track)
 {
     PictureCaptions result;
-    const DemuxedInput input(media);
     AVFormatContext* const format = input.format();
     if (!format) {
         result.failure = input.failure();
@@ -205,7 +205,7 @@ PictureCaptions readPictureCaptions(const MediaInput& media, int track)
         if (packet->stream_index == stream) {
             AVSubtitle subtitle{};
             int got = 0;
-            if (avcodec_decode_subtitle2(codec.get(), &subtitle, &got, packet.get()) >= 0 && got) {
+            if (decodeSubtitle(codec.get(), &subtitle, &got, packet.get()) >= 0 && got) {
                 const long long pts =
                     packet->pts != AV_NOPTS_VALUE ? av_rescale_q(packet->pts, subtitles->time_base, ms) - origin
                                                   : (decoded.empty() ? 0 : decoded.back().start);

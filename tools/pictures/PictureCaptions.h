@@ -2,6 +2,7 @@
 #define ZEMSUB_PICTURES_PICTURECAPTIONS_H
 
 #include "DisplayRule.h"
+#include "reading/DemuxedInput.h"
 #include "reading/MediaInput.h"
 
 #include <QByteArray>
@@ -52,8 +53,8 @@ QImage rectPicture(const AVSubtitleRect& rect);
 // whose pictures hold more than 2^30 pixels is refused (damaged data; a film's
 // captions hold a few hundred million at most).
 PictureCaptions readPictureCaptions(const QByteArray& bytes, const QString& fileName, int track);
-// The same for a file on disk or bytes in memory.
-PictureCaptions readPictureCaptions(const MediaInput& input, int track);
+// The same from an input already opened, whose packets are not read yet (it reads them).
+PictureCaptions readPictureCaptions(DemuxedInput& input, int track);
 
 } // namespace zemsub::tool
 

@@ -169,10 +169,11 @@ PictureText readPictures(const std::vector<ShownPicture>& pictures, const QStrin
 PictureText readPictureText(const QByteArray& bytes, const QString& fileName, int track, const QString& language,
                             const ReadingProgress& progress, std::vector<ShownPicture>* pictures)
 {
-    return readPictureText(MediaInput(bytes, fileName), track, language, progress, pictures);
+    DemuxedInput input(MediaInput(bytes, fileName));
+    return readPictureText(input, track, language, progress, pictures);
 }
 
-PictureText readPictureText(const MediaInput& input, int track, const QString& language,
+PictureText readPictureText(DemuxedInput& input, int track, const QString& language,
                             const ReadingProgress& progress, std::vector<ShownPicture>* pictures)
 {
     PictureCaptions decoded = readPictureCaptions(input, track);

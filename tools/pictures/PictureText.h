@@ -70,8 +70,8 @@ using ReadingProgress = std::function<void(int done, int total)>;
 PictureText readPictureText(const QByteArray& bytes, const QString& fileName, int track, const QString& language,
                             const ReadingProgress& progress = nullptr,
                             std::vector<ShownPicture>* pictures = nullptr);
-// The same for a file on disk or bytes in memory.
-PictureText readPictureText(const MediaInput& input, int track, const QString& language,
+// The same from an input already opened, whose packets are not read yet (it reads them).
+PictureText readPictureText(DemuxedInput& input, int track, const QString& language,
                             const ReadingProgress& progress = nullptr,
                             std::vector<ShownPicture>* pictures = nullptr);
 

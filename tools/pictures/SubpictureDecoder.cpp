@@ -1,4 +1,5 @@
 #include "SubpictureDecoder.h"
+#include "reading/StreamDecoder.h"
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -17,12 +18,7 @@ struct ContextFree
 {
     void operator()(AVCodecContext* context) const { avcodec_free_context(&context); }
 };
-struct PacketFree
-{
-    void operator()(AVPacket* packet) const { av_packet_free(&packet); }
-};
 using Context = std::unique_ptr<AVCodecContext, ContextFree>;
-using Packet = std::unique_ptr<AVPacket, PacketFree>;
 
 // Frees the rectangles of a decoded subtitle when it goes.
 class SubtitleHolder
@@ -81,7 +77,7 @@ DecodedSubpicture SubpictureDecoder::decode(const unsigned char* packet, int siz
 
     SubtitleHolder holder;
     int got = 0;
-    if (avcodec_decode_subtitle2(context.get(), &holder.subtitle, &got, input.get()) < 0)
+    if (decodeSubtitle(context.get(), &holder.subtitle, &got, input.get()) < 0)
         return failed(QStringLiteral("FFmpeg's DVD subtitle decoder rejected the packet"));
     if (!got || holder.subtitle.num_rects < 1 || !holder.subtitle.rects)
         return failed(QStringLiteral("the decoder found no picture in the packet"));

@@ -1,6 +1,7 @@
 #include "DemuxedInput.h"
 
 #include "QuietFfmpeg.h"
+#include "StreamDecoder.h"
 
 extern "C" {
 #include <libavformat/avformat.h>
@@ -38,6 +39,7 @@ DemuxedInput::DemuxedInput(const MediaInput& input)
         return; // avformat_open_input freed the context
     }
     m_format = raw;
+    countOpen();
     // Formats without a header (MPEG-PS, ...) make their streams as packets come;
     // those with a running clock (MPEG-TS, MPEG-PS) tell where it starts only after a look.
     if (m_format->nb_streams == 0 || (m_format->iformat->flags & AVFMT_TS_DISCONT))

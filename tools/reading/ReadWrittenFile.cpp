@@ -75,7 +75,7 @@ void joinEvents(const SubtitleEvents& events, const std::vector<WrittenBlock>& s
         file.blocks[size_t(i)].index = i + 1;
 }
 
-WrittenFile readUtf8Track(const MediaInput& input, int track)
+WrittenFile readUtf8Track(DemuxedInput& input, int track)
 {
     WrittenFile file;
     file.encoding = QStringLiteral("UTF-8");
@@ -97,8 +97,9 @@ WrittenFile readUtf8Track(const MediaInput& input, int track)
     return file;
 }
 
+// demuxed, when given, is the file already opened, its packets not read yet.
 WrittenFile readPlainFile(const QByteArray& bytes, const QString& fileName, const QString& forcedEncoding,
-                          int track)
+                          int track, DemuxedInput* demuxed = nullptr)
 {
     WrittenFile file;
     const DetectedEncoding encoding = detectEncoding(bytes, forcedEncoding);
@@ -115,7 +116,8 @@ WrittenFile readPlainFile(const QByteArray& bytes, const QString& fileName, cons
     file.lineCount = int(source.lines.size());
 
     file.track = track;
-    const SubtitleEvents events = readSubtitleEvents(bytes, fileName, encoding.decoderEncoding(), track);
+    const SubtitleEvents events = demuxed ? readSubtitleEvents(*demuxed, encoding.decoderEncoding(), track)
+                                          : readSubtitleEvents(bytes, fileName, encoding.decoderEncoding(), track);
     file.format = events.format;
     file.formatTitle = events.formatTitle;
     if (!events.read) {
@@ -146,8 +148,8 @@ WrittenFile readWrittenFile(const QByteArray& bytes, const QString& fileName, co
     return readPlainFile(bytes, fileName, forcedEncoding, -1);
 }
 
-WrittenFile readWrittenTrack(const MediaInput& input, const QString& forcedEncoding, const TrackList& tracks,
-                             int track)
+WrittenFile readWrittenTrack(const MediaInput& input, DemuxedInput& demuxed, const QString& forcedEncoding,
+                             const TrackList& tracks, int track)
 {
     const bool known = track >= 0 && size_t(track) < tracks.tracks.size();
     if (known && tracks.tracks[size_t(track)].pictures) {
@@ -162,15 +164,17 @@ WrittenFile readWrittenTrack(const MediaInput& input, const QString& forcedEncod
         return file;
     }
     if (tracks.textFile)
-        return readPlainFile(input.wholeBytes(), input.fileName(), forcedEncoding, track);
+        return readPlainFile(input.wholeBytes(), input.fileName(), forcedEncoding, track, &demuxed);
     // A text track of a video: its events alone.
-    return readUtf8Track(input, track);
+    return readUtf8Track(demuxed, track);
 }
 
 WrittenFile readWrittenTrack(const QByteArray& bytes, const QString& fileName, const QString& forcedEncoding,
                              const TrackList& tracks, int track)
 {
-    return readWrittenTrack(MediaInput(bytes, fileName), forcedEncoding, tracks, track);
+    const MediaInput input(bytes, fileName);
+    DemuxedInput demuxed(input);
+    return readWrittenTrack(input, demuxed, forcedEncoding, tracks, track);
 }
 
 } // namespace zemsub::tool

@@ -25,10 +25,11 @@ WrittenFile readWrittenFile(const QByteArray& bytes, const QString& fileName,
 // ASS/SSA track keeps its header in scriptHeader.
 WrittenFile readWrittenTrack(const QByteArray& bytes, const QString& fileName, const QString& forcedEncoding,
                              const TrackList& tracks, int track);
-// The same for a file on disk or bytes in memory. A picture track is not read
-// here (pictures is set); only a subtitle file of text is read whole.
-WrittenFile readWrittenTrack(const MediaInput& input, const QString& forcedEncoding, const TrackList& tracks,
-                             int track);
+// The same for input opened as demuxed (its packets not read yet; this reads
+// them). A picture track is not read here (pictures is set); only a subtitle
+// file of text is read whole.
+WrittenFile readWrittenTrack(const MediaInput& input, DemuxedInput& demuxed, const QString& forcedEncoding,
+                             const TrackList& tracks, int track);
 
 } // namespace zemsub::tool
 

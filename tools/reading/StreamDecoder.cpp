@@ -9,7 +9,32 @@ extern "C" {
 #include <libavutil/error.h>
 }
 
+#include <atomic>
+
 namespace zemsub::tool {
+
+namespace {
+
+std::atomic<long long> g_opens{0};
+std::atomic<long long> g_decodes{0};
+
+} // namespace
+
+int decodeSubtitle(AVCodecContext* decoder, AVSubtitle* subtitle, int* got, const AVPacket* packet)
+{
+    ++g_decodes;
+    return avcodec_decode_subtitle2(decoder, subtitle, got, const_cast<AVPacket*>(packet));
+}
+
+FfmpegCounts ffmpegCounts()
+{
+    return FfmpegCounts{g_opens.load(), g_decodes.load()};
+}
+
+void countOpen()
+{
+    ++g_opens;
+}
 
 void CodecCloser::operator()(AVCodecContext* context) const
 {

@@ -8,6 +8,7 @@ struct AVCodecContext;
 struct AVFormatContext;
 struct AVPacket;
 struct AVStream;
+struct AVSubtitle;
 
 namespace zemsub::tool {
 
@@ -34,6 +35,18 @@ int subtitleStreamIndex(const AVFormatContext* format, int track);
 
 // Has the demuxer hand over the packets of that stream only.
 void keepOnlyStream(AVFormatContext* format, int stream);
+
+// avcodec_decode_subtitle2, counted: every subtitle packet the tools decode goes through here.
+int decodeSubtitle(AVCodecContext* decoder, AVSubtitle* subtitle, int* got, const AVPacket* packet);
+
+// How often this process has opened an input with FFmpeg and decoded a subtitle packet.
+struct FfmpegCounts
+{
+    long long opens = 0;
+    long long decodes = 0;
+};
+FfmpegCounts ffmpegCounts();
+void countOpen();
 
 } // namespace zemsub::tool
 

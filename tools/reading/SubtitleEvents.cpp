@@ -51,13 +51,13 @@ void addEvents(const AVSubtitle& subtitle, const AVPacket& packet, AVRational ti
 SubtitleEvents readSubtitleEvents(const QByteArray& bytes, const QString& fileName, const QString& encoding,
                                   int track)
 {
-    return readSubtitleEvents(MediaInput(bytes, fileName), encoding, track);
+    DemuxedInput input(MediaInput(bytes, fileName));
+    return readSubtitleEvents(input, encoding, track);
 }
 
-SubtitleEvents readSubtitleEvents(const MediaInput& media, const QString& encoding, int track)
+SubtitleEvents readSubtitleEvents(DemuxedInput& input, const QString& encoding, int track)
 {
     SubtitleEvents result;
-    const DemuxedInput input(media);
     AVFormatContext* const format = input.format();
     if (!format) {
         result.failure = input.failure();
@@ -109,7 +109,7 @@ SubtitleEvents readSubtitleEvents(const MediaInput& media, const QString& encodi
         if (packet->stream_index == stream) {
             AVSubtitle subtitle{};
             int got = 0;
-            if (avcodec_decode_subtitle2(codec.get(), &subtitle, &got, packet.get()) < 0)
+            if (decodeSubtitle(codec.get(), &subtitle, &got, packet.get()) < 0)
                 ++result.failedPackets;
             else if (got)
                 addEvents(subtitle, *packet, subtitles->time_base, result.events);

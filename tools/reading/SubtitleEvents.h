@@ -1,6 +1,7 @@
 #ifndef ZEMSUB_READING_SUBTITLEEVENTS_H
 #define ZEMSUB_READING_SUBTITLEEVENTS_H
 
+#include "DemuxedInput.h"
 #include "MediaInput.h"
 
 #include <QByteArray>
@@ -39,8 +40,8 @@ struct SubtitleEvents
 // from 0; -1 takes the one FFmpeg finds best.
 SubtitleEvents readSubtitleEvents(const QByteArray& bytes, const QString& fileName, const QString& encoding,
                                   int track = -1);
-// The same for a file on disk or bytes in memory.
-SubtitleEvents readSubtitleEvents(const MediaInput& input, const QString& encoding, int track = -1);
+// The same from an input already opened, whose packets are not read yet (it reads them).
+SubtitleEvents readSubtitleEvents(DemuxedInput& input, const QString& encoding, int track);
 
 } // namespace zemsub::tool
 

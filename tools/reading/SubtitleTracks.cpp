@@ -85,10 +85,9 @@ TrackList listSubtitleTracks(const QByteArray& bytes, const QString& fileName)
     return listSubtitleTracks(MediaInput(bytes, fileName));
 }
 
-TrackList listSubtitleTracks(const MediaInput& media)
+TrackList describeTracks(const DemuxedInput& input)
 {
     TrackList list;
-    const DemuxedInput input(media);
     AVFormatContext* const format = input.format();
     if (!format) {
         list.failure = input.failure();
@@ -98,19 +97,10 @@ TrackList listSubtitleTracks(const MediaInput& media)
     list.formatTitle = input.formatTitle();
     list.utf8Text = storesUtf8Text(list.format);
     list.textFile = !list.utf8Text && isTextSubtitleFile(format);
-    // A subtitle file's text is read in its detected encoding, as its reading does.
-    const QString encoding = list.textFile ? detectEncoding(media.wholeBytes()).decoderEncoding()
-                           : QString();
-
-    std::vector<int> trackOfStream(format->nb_streams, -1);
-    std::vector<Decoder> decoders;
     for (unsigned i = 0; i < format->nb_streams; ++i) {
-        AVStream* stream = format->streams[i];
-        if (stream->codecpar->codec_type != AVMEDIA_TYPE_SUBTITLE) {
-            // Video and audio packets are skipped by the demuxer, not handed over.
-            stream->discard = AVDISCARD_ALL;
+        const AVStream* stream = format->streams[i];
+        if (stream->codecpar->codec_type != AVMEDIA_TYPE_SUBTITLE)
             continue;
-        }
         SubtitleTrack track;
         track.index = int(list.tracks.size());
         track.stream = int(i);
@@ -123,13 +113,33 @@ TrackList listSubtitleTracks(const MediaInput& media)
         track.title = tag(stream, "title");
         track.isDefault = stream->disposition & AV_DISPOSITION_DEFAULT;
         track.forced = stream->disposition & AV_DISPOSITION_FORCED;
-        trackOfStream[i] = track.index;
         list.tracks.push_back(track);
-        decoders.push_back(openDecoder(stream, track.pictures ? QString() : encoding));
     }
     list.read = true;
-    if (list.tracks.empty())
+    return list;
+}
+
+TrackList listSubtitleTracks(const MediaInput& media)
+{
+    const DemuxedInput input(media);
+    TrackList list = describeTracks(input);
+    AVFormatContext* const format = input.format();
+    if (!list.read || list.tracks.empty())
         return list;
+    // A subtitle file's text is read in its detected encoding, as its reading does.
+    const QString encoding = list.textFile ? detectEncoding(media.wholeBytes()).decoderEncoding() : QString();
+
+    std::vector<int> trackOfStream(format->nb_streams, -1);
+    std::vector<Decoder> decoders;
+    for (unsigned i = 0; i < format->nb_streams; ++i) {
+        // Video and audio packets are skipped by the demuxer, not handed over.
+        if (format->streams[i]->codecpar->codec_type != AVMEDIA_TYPE_SUBTITLE)
+            format->streams[i]->discard = AVDISCARD_ALL;
+    }
+    for (const SubtitleTrack& track : list.tracks) {
+        trackOfStream[size_t(track.stream)] = track.index;
+        decoders.push_back(openDecoder(format->streams[track.stream], track.pictures ? QString() : encoding));
+    }
 
     const Packet packet(av_packet_alloc());
     if (!packet)
@@ -152,7 +162,7 @@ TrackList listSubtitleTracks(const MediaInput& media)
             } else {
                 AVSubtitle subtitle{};
                 int got = 0;
-                if (avcodec_decode_subtitle2(decoder, &subtitle, &got, packet.get()) >= 0 && got &&
+                if (decodeSubtitle(decoder, &subtitle, &got, packet.get()) >= 0 && got &&
                     showsSomething(subtitle)) {
                     count(track, start, end);
                     track.forcedCaptions += isForced(subtitle);

@@ -1,6 +1,7 @@
 #ifndef ZEMSUB_READING_SUBTITLETRACKS_H
 #define ZEMSUB_READING_SUBTITLETRACKS_H
 
+#include "DemuxedInput.h"
 #include "MediaInput.h"
 
 #include <QByteArray>
@@ -47,6 +48,10 @@ TrackList listSubtitleTracks(const QByteArray& bytes, const QString& fileName);
 // The same for a file on disk or bytes in memory. Only a subtitle file's text
 // (one text stream, nothing else) is read whole, for its encoding.
 TrackList listSubtitleTracks(const MediaInput& input);
+
+// The subtitle tracks of an input already opened, from its header alone: no
+// packet is read, and captions, forcedCaptions, first and last are not counted.
+TrackList describeTracks(const DemuxedInput& input);
 
 } // namespace zemsub::tool
 

@@ -1,6 +1,7 @@
 // zemsub: shows what libzemsubtitle, and so a player built on it, shows for a subtitle file.
 #include "zemsub/commands/CommandLine.h"
 #include "zemsub/commands/Commands.h"
+#include "reading/StreamDecoder.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -42,10 +43,26 @@ void chooseOffscreenWithoutDisplay()
         qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
+// With ZEMSUB_COUNT_FFMPEG set, says on leaving how often FFmpeg opened an input
+// and decoded a subtitle packet: each command opens its input once and decodes
+// each packet of the track it reads once.
+struct FfmpegCountReport
+{
+    ~FfmpegCountReport()
+    {
+        if (qEnvironmentVariableIsEmpty("ZEMSUB_COUNT_FFMPEG"))
+            return;
+        const FfmpegCounts counts = ffmpegCounts();
+        std::fprintf(stderr, "zemsub: FFmpeg opened %lld inputs and decoded %lld subtitle packets\n", counts.opens,
+                     counts.decodes);
+    }
+};
+
 } // namespace
 
 int main(int argc, char** argv)
 {
+    const FfmpegCountReport countReport;
     qInstallMessageHandler(quietHandler);
     // zemsub reads its whole command line itself: Qt sees only the program name, so
     // that options such as --style are not taken as Qt's own.

@@ -23,7 +23,7 @@ namespace {
 // The file as an FFmpeg-based player reads it; exit 1 naming the file when it cannot be read.
 // A picture track's pictures read as text: one caption per picture, its text
 // as a Matroska track's event carries it.
-void readPicturesAsText(WrittenFile& written, const MediaInput& input, const QString& path, int track,
+void readPicturesAsText(WrittenFile& written, DemuxedInput& input, const QString& path, int track,
                         const QString& language)
 {
     const PictureText read = readPictureText(input, track, language);
@@ -55,7 +55,9 @@ WrittenFile readWrittenSide(const QString& path, const QString& encoding, int tr
     const std::optional<MediaInput> input = MediaInput::open(path, &why);
     if (!input)
         fileError(path, why);
-    const TrackList tracks = listSubtitleTracks(*input);
+    // One open: the tracks from the header, then the chosen one read from the same demuxer.
+    DemuxedInput demuxed(*input);
+    const TrackList tracks = describeTracks(demuxed);
     if (!tracks.read)
         fileError(path, QStringLiteral("cannot lint: %1").arg(tracks.failure));
     if (tracks.tracks.empty())
@@ -65,11 +67,11 @@ WrittenFile readWrittenSide(const QString& path, const QString& encoding, int tr
     if (!choice.chosen)
         fileError(path, QStringLiteral("cannot lint: %1").arg(choice.error));
     announceTrack(describeChoice(tracks.tracks[size_t(choice.index)], choice));
-    WrittenFile written = readWrittenTrack(*input, encoding, tracks, choice.index);
+    WrittenFile written = readWrittenTrack(*input, demuxed, encoding, tracks, choice.index);
     if (written.failed())
         fileError(path, QStringLiteral("cannot lint: %1").arg(written.failure));
     if (written.pictures)
-        readPicturesAsText(written, *input, path, choice.index,
+        readPicturesAsText(written, demuxed, path, choice.index,
                            readingLanguage(ocrLanguage, tracks.tracks[size_t(choice.index)].language));
     return written;
 }

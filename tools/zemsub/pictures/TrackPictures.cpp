@@ -23,7 +23,9 @@ std::optional<TrackPictures> TrackPictures::open(const QString& path, int track)
             fileError(path, why);
         return std::nullopt;
     }
-    const TrackList list = listSubtitleTracks(*input);
+    // One open: the tracks from the header, then the chosen one decoded from the same demuxer.
+    DemuxedInput demuxed(*input);
+    const TrackList list = describeTracks(demuxed);
     if (!list.read) {
         if (named)
             fileError(path, QStringLiteral("cannot read its tracks: %1").arg(list.failure));
@@ -47,7 +49,7 @@ std::optional<TrackPictures> TrackPictures::open(const QString& path, int track)
     TrackPictures pictures;
     pictures.m_track = chosen->index;
     pictures.m_language = chosen->language;
-    pictures.m_pictures = readPictureCaptions(*input, pictures.m_track);
+    pictures.m_pictures = readPictureCaptions(demuxed, pictures.m_track);
     if (!pictures.m_pictures.read)
         fileError(path, QStringLiteral("cannot decode its pictures: %1").arg(pictures.m_pictures.failure));
     QSize& frame = pictures.m_frame;
