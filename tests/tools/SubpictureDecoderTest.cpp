@@ -17,6 +17,18 @@
 using zemsub::tool::DecodedSubpicture;
 using zemsub::tool::IndexPicture;
 using zemsub::tool::IndexPictures;
+
+namespace {
+
+std::unique_ptr<IndexPictures> openIndex(const QString& path)
+{
+    QString why;
+    std::unique_ptr<IndexPictures> pictures = IndexPictures::open(path, &why);
+    EXPECT_TRUE(pictures) << why.toStdString();
+    return pictures;
+}
+
+} // namespace
 using zemsub::tool::SubpictureDecoder;
 
 namespace {
@@ -80,7 +92,9 @@ TEST(ZemsubSubpictures, SamplePacketsDecodeToWhatTheScriptDrew)
     EXPECT_EQ(script.sub, sampleBytes("vobsub.sub"));
     ASSERT_EQ(script.pictures.size(), 3u);
 
-    IndexPictures pictures(sample("vobsub.idx"));
+    const std::unique_ptr<IndexPictures> opened = openIndex(sample("vobsub.idx"));
+    ASSERT_TRUE(opened);
+    IndexPictures& pictures = *opened;
     EXPECT_EQ(pictures.frameSize(), QSize(720, 480));
     for (const DrawnPicture& drawn : script.pictures) {
         SCOPED_TRACE(drawn.start);
@@ -123,8 +137,9 @@ TEST(ZemsubSubpictures, CustomColoursReplaceThePaletteWhenSwitchedOn)
         return index.replace("custom colors: OFF, tridx: 1000, colors: 000000, f0f0f0, 202020, e0c020",
                              "custom colors: ON, tridx: 0100, colors: 111111, 222222, 333333, 444444");
     });
-    IndexPictures custom(on);
-    const IndexPicture answer = custom.at(1000);
+    const std::unique_ptr<IndexPictures> custom = openIndex(on);
+    ASSERT_TRUE(custom);
+    const IndexPicture answer = custom->at(1000);
     ASSERT_TRUE(answer.subpicture.decoded) << answer.subpicture.failure.toStdString();
     const QImage& picture = answer.subpicture.shown.image;
     EXPECT_EQ(picture.color(0), 0x00111111u);
@@ -133,8 +148,9 @@ TEST(ZemsubSubpictures, CustomColoursReplaceThePaletteWhenSwitchedOn)
     EXPECT_EQ(picture.color(3), 0xFF444444u);
 
     // Switched off (as in the sample), the palette colours them.
-    IndexPictures plain(sample("vobsub.idx"));
-    const IndexPicture off = plain.at(1000);
+    const std::unique_ptr<IndexPictures> plain = openIndex(sample("vobsub.idx"));
+    ASSERT_TRUE(plain);
+    const IndexPicture off = plain->at(1000);
     ASSERT_TRUE(off.subpicture.decoded);
     EXPECT_EQ(off.subpicture.shown.image.color(1), 0xFFF0F0F0u);
     EXPECT_EQ(off.subpicture.shown.image.color(2), 0xFF202020u);
@@ -146,29 +162,32 @@ TEST(ZemsubSubpictures, TheSubBesideIsFoundWhateverPathTheReaderForms)
     TempDir dir;
     const QString before = QDir::currentPath();
     // A dot in a folder name: the reader forms ".films/movie.idxsub".
-    IndexPictures dotted(pairIn(dir, "my.films", "movie", "idx", "sub"));
-    const IndexPicture answer = dotted.at(4000);
+    const std::unique_ptr<IndexPictures> dotted = openIndex(pairIn(dir, "my.films", "movie", "idx", "sub"));
+    ASSERT_TRUE(dotted);
+    const IndexPicture answer = dotted->at(4000);
     EXPECT_EQ(answer.subPath, ".films/movie.idxsub");
     EXPECT_TRUE(answer.subpicture.decoded) << answer.subpicture.failure.toStdString();
     EXPECT_EQ(answer.subpicture.shown.image.size(), QSize(120, 24));
-    EXPECT_FALSE(dotted.subFile().isEmpty());
+    EXPECT_FALSE(dotted->subFile().isEmpty());
 
-    IndexPictures upper(pairIn(dir, "upper", "MOVIE", "IDX", "SUB"));
-    EXPECT_TRUE(upper.at(7500).subpicture.decoded);
+    const std::unique_ptr<IndexPictures> upper = openIndex(pairIn(dir, "upper", "MOVIE", "IDX", "SUB"));
+    ASSERT_TRUE(upper);
+    EXPECT_TRUE(upper->at(7500).subpicture.decoded);
     EXPECT_EQ(QDir::currentPath(), before);
 }
 
 TEST(ZemsubSubpictures, WithoutTheSubThereIsNoPicture)
 {
     TempDir dir;
-    IndexPictures alone(pairIn(dir, "alone", "movie", "idx", ""));
-    EXPECT_TRUE(alone.subFile().isEmpty());
-    const IndexPicture answer = alone.at(1000);
+    const std::unique_ptr<IndexPictures> alone = openIndex(pairIn(dir, "alone", "movie", "idx", ""));
+    ASSERT_TRUE(alone);
+    EXPECT_TRUE(alone->subFile().isEmpty());
+    const IndexPicture answer = alone->at(1000);
     EXPECT_FALSE(answer.packet);
     EXPECT_FALSE(answer.subpicture.decoded);
     EXPECT_EQ(answer.subpicture.failure, "no packet: no .sub file beside the index");
     EXPECT_EQ(answer.filePos, 0);
-    EXPECT_EQ(alone.at(4000).filePos, 0x800);
+    EXPECT_EQ(alone->at(4000).filePos, 0x800);
 }
 
 TEST(ZemsubSubpictures, UndecodablePacketsGiveNoPictureAndAReason)

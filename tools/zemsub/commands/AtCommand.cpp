@@ -27,7 +27,11 @@ std::vector<long long> parseTimes(const QStringList& texts)
 
 int answerIndex(const FileFacts& facts, const std::vector<long long>& times)
 {
-    IndexPictures pictures(facts.path);
+    QString why;
+    const std::unique_ptr<IndexPictures> opened = IndexPictures::open(facts.path, &why);
+    if (!opened)
+        fileError(facts.path, why);
+    IndexPictures& pictures = *opened;
     if (pictures.frameFromPictures())
         err(QStringLiteral("at: %1\n").arg(pictures.frameNote()));
     for (long long time : times) {

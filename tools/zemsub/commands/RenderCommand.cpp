@@ -25,7 +25,11 @@ void save(const QImage& image, const QString& output)
 // there says why on its line.
 int renderIndex(const FileFacts& facts, long long time, RenderStyle style, const QString& output)
 {
-    IndexPictures pictures(facts.path);
+    QString why;
+    const std::unique_ptr<IndexPictures> opened = IndexPictures::open(facts.path, &why);
+    if (!opened)
+        fileError(facts.path, why);
+    IndexPictures& pictures = *opened;
     if (pictures.frameFromPictures())
         err(QStringLiteral("render: %1\n").arg(pictures.frameNote()));
     if (!style.sizeGiven)
@@ -98,8 +102,11 @@ int runRender(const QStringList& args)
     if (isIndexPath(facts) && !opened && track < 0)
         return renderIndex(facts, *time, style, output);
     if (track >= 0 || !opened) {
-        if (const std::optional<TrackPictures> pictures = TrackPictures::open(facts.path, track))
-            return renderTrack(*pictures, *time, style, output);
+        const OpenedPictures opened = TrackPictures::open(facts.path, track);
+        if (!opened.failure.isEmpty())
+            fileError(facts.path, opened.failure);
+        if (opened.pictures)
+            return renderTrack(*opened.pictures, *time, style, output);
     }
     CaptionPlayer player(facts, style);
     const RenderedFrame frame = player.frameAt(*time);

@@ -126,7 +126,11 @@ int paintSheet(const QString& path, const QString& output, QSize frameSize, cons
 // cuts at the tile's time, decoded by FFmpeg.
 int sheetOfIndex(const FileFacts& facts, const QString& output, long long every, int columns, RenderStyle style)
 {
-    IndexPictures pictures(facts.path);
+    QString why;
+    const std::unique_ptr<IndexPictures> opened = IndexPictures::open(facts.path, &why);
+    if (!opened)
+        fileError(facts.path, why);
+    IndexPictures& pictures = *opened;
     if (pictures.frameFromPictures())
         err(QStringLiteral("sheet: %1\n").arg(pictures.frameNote()));
     if (!style.sizeGiven)
@@ -272,8 +276,11 @@ int runSheet(const QStringList& args)
     if (isIndexPath(facts) && !opened && track < 0 && !withText)
         return sheetOfIndex(facts, output, every, columns, style);
     if (track >= 0 || withText || !opened) {
-        if (const std::optional<TrackPictures> pictures = TrackPictures::open(path, track))
-            return sheetOfTrack(path, *pictures, output, every, columns, style, withText,
+        const OpenedPictures opened = TrackPictures::open(path, track);
+        if (!opened.failure.isEmpty())
+            fileError(path, opened.failure);
+        if (opened.pictures)
+            return sheetOfTrack(path, *opened.pictures, output, every, columns, style, withText,
                                 line.parser().value(ocrOption));
         if (withText)
             fileError(path, QStringLiteral("--text reads picture tracks, and FFmpeg finds none in it"));

@@ -1,7 +1,6 @@
 #include "IndexPictures.h"
 
 #include "CustomColours.h"
-#include "zemsub/commands/CommandLine.h"
 #include "zemsub/frames/TextForm.h"
 
 #include "parsers/xcIdxParser.h"
@@ -67,7 +66,22 @@ QSize reachOfPictures(const QByteArray& name, const std::vector<IndexEntry>& ent
 
 } // namespace
 
-IndexPictures::IndexPictures(const QString& path) : m_parser(std::make_unique<xcIdxParser>())
+IndexPictures::IndexPictures() : m_parser(std::make_unique<xcIdxParser>())
+{
+}
+
+std::unique_ptr<IndexPictures> IndexPictures::open(const QString& path, QString* failure)
+{
+    std::unique_ptr<IndexPictures> pictures(new IndexPictures());
+    const QString why = pictures->load(path);
+    if (failure)
+        *failure = why;
+    if (!why.isEmpty())
+        return nullptr;
+    return pictures;
+}
+
+QString IndexPictures::load(const QString& path)
 {
     // An absolute, clean path: the .sub path the reader forms then never climbs out of a folder.
     const QString absolute = QDir::cleanPath(QFileInfo(path).absoluteFilePath());
@@ -76,13 +90,10 @@ IndexPictures::IndexPictures(const QString& path) : m_parser(std::make_unique<xc
     try {
         opened = m_parser->Open(name.constData());
     } catch (int) {
-        fileError(path,
-                  QStringLiteral(
-                      "cannot parse: the index reader threw the int 1 (a field was asked of an empty line)"));
+        return QStringLiteral("cannot parse: the index reader threw the int 1 (a field was asked of an empty line)");
     }
     if (!opened)
-        fileError(path, QStringLiteral(
-                            "cannot parse: the index reader did not open it (it reads at most 5000 lines)"));
+        return QStringLiteral("cannot parse: the index reader did not open it (it reads at most 5000 lines)");
     for (const auto& [key, entry] : m_parser->GetMap())
         m_entries.push_back(IndexEntry{key, entry.time, entry.filePos});
 
@@ -102,6 +113,7 @@ IndexPictures::IndexPictures(const QString& path) : m_parser(std::make_unique<xc
             m_frameSize = reachOfPictures(name, m_entries, *m_arrangement, SubpictureDecoder(palette, kLeastFrame));
     }
     m_decoder = std::make_unique<SubpictureDecoder>(palette, m_frameSize);
+    return QString();
 }
 
 IndexPictures::~IndexPictures() = default;

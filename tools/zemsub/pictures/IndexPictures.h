@@ -33,8 +33,8 @@ struct IndexPicture
 class IndexPictures
 {
 public:
-    // Throws ToolError (exit 1) naming the file when the reader does not open it.
-    explicit IndexPictures(const QString& path);
+    // The index at path; null when the reader does not open it, *failure then saying why.
+    static std::unique_ptr<IndexPictures> open(const QString& path, QString* failure);
     ~IndexPictures();
     IndexPictures(const IndexPictures&) = delete;
     IndexPictures& operator=(const IndexPictures&) = delete;
@@ -55,6 +55,10 @@ public:
     const QString& subFile() const { return m_subFile; }
 
 private:
+    IndexPictures();
+    // Why the reader does not open the index; empty when it does.
+    QString load(const QString& path);
+
     std::unique_ptr<xcIdxParser> m_parser;
     QSize m_frameSize{720, 480};
     bool m_frameFromPictures = false;

@@ -1,6 +1,5 @@
 #include "TrackPictures.h"
 
-#include "zemsub/commands/CommandLine.h"
 #include "reading/MediaInput.h"
 #include "reading/SubtitleTracks.h"
 
@@ -13,24 +12,20 @@ const QSize kBlurayFrame(1920, 1080);
 
 } // namespace
 
-std::optional<TrackPictures> TrackPictures::open(const QString& path, int track)
+OpenedPictures TrackPictures::open(const QString& path, int track)
 {
     const bool named = track >= 0;
+    // Without a named track, a file that shows no pictures is no failure: it is shown otherwise.
+    auto none = [named](const QString& why) { return OpenedPictures{std::nullopt, named ? why : QString()}; };
     QString why;
     const std::optional<MediaInput> input = MediaInput::open(path, &why);
-    if (!input) {
-        if (named)
-            fileError(path, why);
-        return std::nullopt;
-    }
+    if (!input)
+        return none(why);
     // One open: the tracks from the header, then the chosen one decoded from the same demuxer.
     DemuxedInput demuxed(*input);
     const TrackList list = describeTracks(demuxed);
-    if (!list.read) {
-        if (named)
-            fileError(path, QStringLiteral("cannot read its tracks: %1").arg(list.failure));
-        return std::nullopt;
-    }
+    if (!list.read)
+        return none(QStringLiteral("cannot read its tracks: %1").arg(list.failure));
     const SubtitleTrack* chosen = nullptr;
     for (const SubtitleTrack& candidate : list.tracks) {
         if (named ? candidate.index == track : candidate.pictures) {
@@ -38,20 +33,17 @@ std::optional<TrackPictures> TrackPictures::open(const QString& path, int track)
             break;
         }
     }
-    if (!chosen) {
-        if (named)
-            fileError(path, QStringLiteral("it has no track %1").arg(track));
-        return std::nullopt;
-    }
+    if (!chosen)
+        return none(QStringLiteral("it has no track %1").arg(track));
     if (!chosen->pictures)
-        fileError(path, QStringLiteral("track %1 is %2, not pictures").arg(track).arg(chosen->codec));
+        return {std::nullopt, QStringLiteral("track %1 is %2, not pictures").arg(track).arg(chosen->codec)};
 
     TrackPictures pictures;
     pictures.m_track = chosen->index;
     pictures.m_language = chosen->language;
     pictures.m_pictures = readPictureCaptions(demuxed, pictures.m_track);
     if (!pictures.m_pictures.read)
-        fileError(path, QStringLiteral("cannot decode its pictures: %1").arg(pictures.m_pictures.failure));
+        return {std::nullopt, QStringLiteral("cannot decode its pictures: %1").arg(pictures.m_pictures.failure)};
     QSize& frame = pictures.m_frame;
     frame = pictures.m_pictures.frame.isEmpty() ? kLeastFrame : pictures.m_pictures.frame;
     if (pictures.m_pictures.codec == QLatin1String("pgssub"))
@@ -59,7 +51,7 @@ std::optional<TrackPictures> TrackPictures::open(const QString& path, int track)
     for (const ShownPicture& picture : pictures.m_pictures.pictures)
         frame = frame.expandedTo(QSize(picture.position.x() + picture.image.width(),
                                        picture.position.y() + picture.image.height()));
-    return pictures;
+    return {std::move(pictures), QString()};
 }
 
 DecodedSubpicture TrackPictures::asSubpicture(const ShownPicture& picture)

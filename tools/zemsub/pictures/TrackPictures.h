@@ -11,6 +11,11 @@
 
 namespace zemsub::tool {
 
+class TrackPictures;
+
+// What opening a file's picture track gives.
+struct OpenedPictures;
+
 // The pictures of a picture track (a Blu-ray .sup, a DVD or Blu-ray track of a
 // video file, a VobSub pair through FFmpeg), as FFmpeg's decoders hand them to a
 // player: its palette, its transparency, its times.
@@ -18,11 +23,10 @@ class TrackPictures
 {
 public:
     // The picture track of the file: track when it names one (>= 0), else the
-    // first picture track. Null when no track is named and FFmpeg reads no
-    // picture track in the file. Throws ToolError (exit 1) naming the file when
-    // the named track is missing or no picture track, or its pictures cannot be
-    // decoded.
-    static std::optional<TrackPictures> open(const QString& path, int track);
+    // first picture track. No pictures and no failure when no track is named and
+    // FFmpeg reads no picture track in the file; a failure when the named track is
+    // missing or no picture track, or its pictures cannot be decoded.
+    static OpenedPictures open(const QString& path, int track);
 
     int track() const { return m_track; }
     const QString& codec() const { return m_pictures.codec; }
@@ -45,6 +49,12 @@ private:
     QString m_language;
     PictureCaptions m_pictures;
     QSize m_frame;
+};
+
+struct OpenedPictures
+{
+    std::optional<TrackPictures> pictures;
+    QString failure; // why the file's track cannot be shown, to be said of the file; empty otherwise
 };
 
 } // namespace zemsub::tool
