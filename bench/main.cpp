@@ -70,6 +70,8 @@ void printTable(const std::map<std::string, double>& s)
         {"fix of a 20000-line SubRip file (s)", "BM_Fix_Srt20000Lines", nullptr, 0.5, false},
         {"read 1000 1080p PGS pictures as text (s)", "BM_Pictures_ReadPgs1000/iterations:1/repeats:1/real_time", nullptr, 100, false},
         {"read a 1000-caption DVD track as text (s)", "BM_Pictures_ReadDvd1000/iterations:1/repeats:1/real_time", nullptr, 100, false},
+        {"fix of a video's text track / ffmpeg extracting it", "BM_Input_FixTextTrackOfVideo/real_time", "BM_Input_FfmpegExtractsTheTrack/real_time", 1.5, false},
+        {"zemsub render of a .sup, whole run (s)", "BM_Input_RenderSup/real_time", nullptr, 0, false},
         {"open ASS / libass reading it from memory", "BM_Open_Ass20000Lines", "BM_Libass_ReadScriptFromMemory", 0, false},
     };
     std::printf("\n(least real time of the repetitions of each benchmark)\n");
