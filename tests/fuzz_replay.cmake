@@ -12,14 +12,15 @@ add_executable(fuzz_replay_tests
 target_compile_options(fuzz_replay_tests PRIVATE -Wall -Wextra)
 target_include_directories(fuzz_replay_tests PRIVATE ${ZEMSUB_FUZZ_DIR} ${ZEMSUB_FUZZ_DIR}/targets
   ${ZEMSUBFIX_INCLUDE_DIRS})
-# The lint reading, fix and picture targets need the tool's reading and pictures, also when the
+# The lint reading, fix and picture targets need the tool's reading, pictures and playback, also when the
 # tools are not built.
 if(NOT TARGET zemsub_reading)
   include(${PROJECT_SOURCE_DIR}/cmake/ZemsubFFmpeg.cmake)
   add_subdirectory(${PROJECT_SOURCE_DIR}/tools/reading ${CMAKE_BINARY_DIR}/fuzz-replay-reading)
   add_subdirectory(${PROJECT_SOURCE_DIR}/tools/pictures ${CMAKE_BINARY_DIR}/fuzz-replay-pictures)
+  add_subdirectory(${PROJECT_SOURCE_DIR}/tools/playback ${CMAKE_BINARY_DIR}/fuzz-replay-playback)
 endif()
-target_link_libraries(fuzz_replay_tests PRIVATE zemsub_test_support zemsub_reading zemsub_pictures)
+target_link_libraries(fuzz_replay_tests PRIVATE zemsub_test_support zemsub_reading zemsub_pictures zemsub_playback)
 target_compile_definitions(fuzz_replay_tests PRIVATE ZEMSUB_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
 gtest_discover_tests(fuzz_replay_tests
   TEST_PREFIX "fuzz."

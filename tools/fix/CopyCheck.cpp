@@ -2,7 +2,7 @@
 
 #include "CaptionLines.h"
 #include "manager/xcSubtitleManager.h"
-#include "zemsub/lint/CaptionImageModel.h"
+#include "playback/CaptionImageModel.h"
 
 #include <QFile>
 

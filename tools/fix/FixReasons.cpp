@@ -1,5 +1,7 @@
 #include "FixReasons.h"
 
+#include "manager/detail/FormatCodes.h"
+
 #include <clocale>
 
 namespace zemsubfix {
@@ -7,14 +9,12 @@ namespace zemsubfix {
 Reason reasonFor(zemsub::tool::CauseId id, CopyFormat format)
 {
     using namespace zemsub::tool;
-    LibrarySide library;
-    library.formatCode = format == CopyFormat::SubRip ? CodeSubRip : CodeScript;
-    library.opened = true;
+    CauseContext context;
+    context.script = format != CopyFormat::SubRip;
+    context.formatCode = format == CopyFormat::SubRip ? zemsub::detail::kFormatSrt : zemsub::detail::kFormatAss;
     const char* locale = std::setlocale(LC_CTYPE, nullptr);
-    library.locale = QString::fromLatin1(locale ? locale : "C");
-    WrittenFile copy;
-    copy.kind = format == CopyFormat::SubRip ? WrittenKind::SubRip : WrittenKind::Script;
-    const Cause cause = describeCause(id, copy, library);
+    context.locale = QString::fromLatin1(locale ? locale : "C");
+    const Cause cause = describeCause(id, context);
     return Reason{cause.code, cause.text};
 }
 

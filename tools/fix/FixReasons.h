@@ -2,7 +2,7 @@
 #define ZEMSUBFIX_FIXREASONS_H
 
 #include "ZemsubFix.h"
-#include "zemsub/lint/LintCauses.h"
+#include "playback/Causes.h"
 
 namespace zemsubfix {
 

@@ -4,7 +4,7 @@
 #include "pictures/PictureText.h"
 #include "reading/MediaInput.h"
 #include "reading/StyledText.h"
-#include "zemsub/lint/LintCauses.h"
+#include "playback/Causes.h"
 
 #include <QByteArray>
 #include <QString>

@@ -15,9 +15,6 @@ set(ZEMSUBFIX_SOURCES
   ${ZEMSUBFIX_DIR}/Stretch.cpp
   ${ZEMSUBFIX_DIR}/SubRipWriter.cpp
   ${ZEMSUBFIX_DIR}/ZemsubConvert.cpp
-  ${ZEMSUBFIX_DIR}/ZemsubFix.cpp
-  # lint's words for the causes, and the readers' line limits they quote.
-  ${ZEMSUBFIX_DIR}/../zemsub/lint/LintCauseTexts.cpp
-  ${ZEMSUBFIX_DIR}/../zemsub/lint/ReaderLimits.cpp)
+  ${ZEMSUBFIX_DIR}/ZemsubFix.cpp)
 set(ZEMSUBFIX_INCLUDE_DIRS ${ZEMSUBFIX_DIR} ${ZEMSUBFIX_DIR}/..)
 # The original is read by the tool's reading (zemsub_reading), linked beside.

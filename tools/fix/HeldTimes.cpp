@@ -1,6 +1,6 @@
 #include "HeldTimes.h"
 
-#include "zemsub/lint/ReaderLimits.h"
+#include "playback/ReaderLimits.h"
 
 #include <algorithm>
 

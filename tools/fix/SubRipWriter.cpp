@@ -2,7 +2,7 @@
 
 #include "CaptionLines.h"
 #include "manager/detail/FormatCodes.h"
-#include "zemsub/lint/ReaderLimits.h"
+#include "playback/ReaderLimits.h"
 
 namespace zemsubfix {
 

@@ -13,7 +13,7 @@
 #include "manager/detail/FormatCodes.h"
 #include "reading/MediaInput.h"
 #include "reading/SubtitleTracks.h"
-#include "zemsub/lint/ReaderLimits.h"
+#include "playback/ReaderLimits.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -2,7 +2,7 @@
 
 #include "TextForm.h"
 #include "zemsub/commands/CommandLine.h"
-#include "zemsub/lint/ReaderLimits.h"
+#include "playback/ReaderLimits.h"
 
 #include "ISubTitle.h"
 #include "manager/xcSubtitleManager.h"

@@ -1,7 +1,7 @@
 #include "LintCauses.h"
 #include "reading/Digits.h"
 
-#include "ReaderLimits.h"
+#include "playback/ReaderLimits.h"
 #include "TagModel.h"
 #include "reading/EventText.h"
 #include "reading/SubRipSource.h"
@@ -330,6 +330,11 @@ std::vector<CauseId> explainBlock(const WrittenFile& file, int blockIndex, const
     if (causes.empty())
         causes.push_back(CauseId::Unexplained);
     return causes;
+}
+
+CauseContext causeContext(const WrittenFile& file, const LibrarySide& library)
+{
+    return CauseContext{file.kind == WrittenKind::Script, file.formatTitle, library.formatCode, library.locale};
 }
 
 } // namespace zemsub::tool

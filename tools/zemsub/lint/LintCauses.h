@@ -2,6 +2,7 @@
 #define ZEMSUB_TOOL_LINTCAUSES_H
 
 #include "LintProbe.h"
+#include "playback/Causes.h"
 #include "reading/WrittenFile.h"
 #include "zemsub/frames/LibraryView.h"
 
@@ -9,58 +10,6 @@
 #include <vector>
 
 namespace zemsub::tool {
-
-// The library behaviours that make a caption show differently from the file.
-enum class CauseId {
-    Extension,
-    OpenRefused,
-    Utf16,
-    CrLf,
-    Utf8Mark,
-    OneEntry,
-    LastEntry,
-    Numbering,
-    KeyZero,
-    DigitLine,
-    ArrowInText,
-    TimeLine,
-    ZeroByte,
-    ThreeLines,
-    ArrowBlank,
-    Fraction,
-    BlankLine,
-    Markup,
-    NoScriptType,
-    TagRepeat,
-    TagTail,
-    UnclosedTag,
-    AnglePair,
-    LineBreaks,
-    Escapes,
-    Overlap,
-    RepeatAfterGap,
-    Encoding,
-    OtherFormat,
-    HexValue,
-    UnendedLastLine,
-    // What no copy can make the library show.
-    Drawing,
-    Karaoke,
-    PositionsStyles,
-    Italics,
-    TooLong,
-    TimeZero,
-    TimePrecision,
-    TimeRange,
-    Unexplained,
-};
-
-struct Cause
-{
-    CauseId id;
-    QString code; // stable name for JSON and tests
-    QString text; // the behaviour, in the library's own words
-};
 
 // What lint knows of the library's side of the file.
 struct LibrarySide
@@ -72,7 +21,8 @@ struct LibrarySide
     QString locale;                  // the character-type locale the wide readers decode under
 };
 
-Cause describeCause(CauseId id, const WrittenFile& file, const LibrarySide& library);
+// What the words of a cause name, from lint's view of the file and the library.
+CauseContext causeContext(const WrittenFile& file, const LibrarySide& library);
 
 // The behaviours behind a block that does not show as written. Never empty:
 // Unexplained when nothing known applies.

@@ -1,6 +1,6 @@
 #include "LintProbe.h"
 
-#include "CaptionImageModel.h"
+#include "playback/CaptionImageModel.h"
 #include "zemsub/frames/TextForm.h"
 
 #include <algorithm>

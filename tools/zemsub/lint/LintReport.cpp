@@ -71,7 +71,7 @@ nlohmann::ordered_json findingJson(const LintReport& report, const Finding& find
     }
     nlohmann::ordered_json causes = nlohmann::ordered_json::array();
     for (CauseId id : finding.causes) {
-        const Cause cause = describeCause(id, *report.written, *report.library);
+        const Cause cause = describeCause(id, causeContext(*report.written, *report.library));
         causes.push_back({{"code", cause.code.toStdString()}, {"text", cause.text.toStdString()}});
     }
     return {{"caption", block.index},
@@ -92,7 +92,7 @@ void printLintJson(const LintReport& report)
     nlohmann::ordered_json items = nlohmann::ordered_json::array();
     for (const Finding& finding : report.findings)
         items.push_back(findingJson(report, finding));
-    const Cause hexCause = describeCause(CauseId::HexValue, written, library);
+    const Cause hexCause = describeCause(CauseId::HexValue, causeContext(written, library));
     nlohmann::ordered_json notes = nlohmann::ordered_json::array();
     for (const HexValue& value : written.hexValues) {
         notes.push_back(
@@ -173,7 +173,7 @@ void printLintText(const LintReport& report)
                     .arg(formatTime(probe->time), shownText(*probe)));
         }
         for (CauseId id : finding.causes) {
-            const Cause cause = describeCause(id, written, library);
+            const Cause cause = describeCause(id, causeContext(written, library));
             out(QStringLiteral("  cause %1: %2\n").arg(cause.code, cause.text));
         }
     }
@@ -190,7 +190,7 @@ void printLintText(const LintReport& report)
                     .arg(value.line)
                     .arg(value.where, value.value));
         if (!written.hexValues.empty()) {
-            const Cause hexCause = describeCause(CauseId::HexValue, written, library);
+            const Cause hexCause = describeCause(CauseId::HexValue, causeContext(written, library));
             out(QStringLiteral("  cause %1: %2\n").arg(hexCause.code, hexCause.text));
         }
     }

@@ -1,5 +1,6 @@
-// The words lint gives each cause: the library's behaviour, in its own terms.
-#include "LintCauses.h"
+// The words lint and fix give each cause: the library's behaviour, in its own terms.
+#include "Causes.h"
+
 #include "ReaderLimits.h"
 
 namespace zemsub::tool {
@@ -19,10 +20,10 @@ QString latestTimeText()
 
 } // namespace
 
-Cause describeCause(CauseId id, const WrittenFile& file, const LibrarySide& library)
+Cause describeCause(CauseId id, const CauseContext& context)
 {
-    const bool script = file.kind == WrittenKind::Script;
-    const QString& format = file.formatTitle;
+    const bool script = context.script;
+    const QString& format = context.formatTitle;
     switch (id) {
     case CauseId::Extension:
         return {id, QStringLiteral("extension"),
@@ -33,14 +34,14 @@ Cause describeCause(CauseId id, const WrittenFile& file, const LibrarySide& libr
         return {
             id, QStringLiteral("open-refused"),
             QStringLiteral("the reader's Open answered false (a file of more than %1 lines does not open)")
-                .arg(readerLineLimit(library.formatCode))};
+                .arg(readerLineLimit(context.formatCode))};
     case CauseId::Utf16:
         return {id, QStringLiteral("utf16"),
                 QStringLiteral(
                     "UTF-16 text that the C library cannot decode: the wide readers skip FF FE and leave "
                     "the rest to the C library's wide stream input under the process locale (%1), which "
                     "reads no UTF-16, so reading ends at the first zero character")
-                    .arg(library.locale)};
+                    .arg(context.locale)};
     case CauseId::CrLf:
         return {id, QStringLiteral("crlf"),
                 script ? QStringLiteral(
@@ -225,7 +226,7 @@ Cause describeCause(CauseId id, const WrittenFile& file, const LibrarySide& libr
         return {id, QStringLiteral("too-long"),
                 QStringLiteral("a file too long for the %1-line limit: the reader's Open answers false for "
                                "a file of more than %1 lines")
-                    .arg(readerLineLimit(library.formatCode))};
+                    .arg(readerLineLimit(context.formatCode))};
     case CauseId::TimeZero:
         return {id, QStringLiteral("time-zero"),
                 QStringLiteral("time 0 shows nothing: the script look-up answers nothing at 0 ms")};

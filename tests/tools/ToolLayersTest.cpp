@@ -1,0 +1,58 @@
+// The tools' folders are layers: reading, pictures, playback, fix, then the
+// command line; each includes only the layers below it and the library.
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QRegularExpression>
+#include <QStringList>
+#include <gtest/gtest.h>
+
+#include <map>
+
+namespace {
+
+// The folders each layer of tools/ may include from, beside its own.
+const std::map<QString, QStringList>& allowedBelow()
+{
+    static const std::map<QString, QStringList> allowed{
+        {QStringLiteral("reading"), {}},
+        {QStringLiteral("pictures"), {QStringLiteral("reading")}},
+        {QStringLiteral("playback"), {}},
+        {QStringLiteral("fix"), {QStringLiteral("reading"), QStringLiteral("pictures"), QStringLiteral("playback")}},
+    };
+    return allowed;
+}
+
+// Folders of tools/ and of the library a file may name in an include.
+const QStringList kToolLayers{QStringLiteral("reading"), QStringLiteral("pictures"), QStringLiteral("playback"),
+                              QStringLiteral("fix"), QStringLiteral("zemsub"), QStringLiteral("samplegen")};
+
+} // namespace
+
+TEST(ZemsubToolLayers, EachLayerIncludesOnlyTheLayersBelowIt)
+{
+    static const QRegularExpression include(QStringLiteral("^#\\s*include \"([a-z]+)/"),
+                                            QRegularExpression::MultilineOption);
+    int files = 0;
+    for (const auto& [layer, below] : allowedBelow()) {
+        QDirIterator it(QStringLiteral(ZEMSUB_SOURCE_DIR "/tools/") + layer,
+                        {QStringLiteral("*.h"), QStringLiteral("*.cpp"), QStringLiteral("*.cmake")}, QDir::Files);
+        while (it.hasNext()) {
+            QFile file(it.next());
+            ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+            ++files;
+            const QString text = QString::fromUtf8(file.readAll());
+            for (auto matches = include.globalMatch(text); matches.hasNext();) {
+                const QString folder = matches.next().captured(1);
+                if (!kToolLayers.contains(folder))
+                    continue; // the library's own folders
+                EXPECT_TRUE(folder == layer || below.contains(folder))
+                    << file.fileName().toStdString() << " includes from " << folder.toStdString();
+            }
+            // The companion library's sources are its own and the layers' below.
+            EXPECT_FALSE(text.contains(QStringLiteral("zemsub/lint")) || text.contains(QStringLiteral("../zemsub/")))
+                << file.fileName().toStdString() << " reaches into the command line";
+        }
+    }
+    EXPECT_GT(files, 40);
+}
