@@ -2,9 +2,10 @@
 #include "Commands.h"
 
 #include "CommandLine.h"
+#include "LibraryChecks.h"
 #include "TimeParser.h"
-#include "zemsub/frames/LibraryView.h"
-#include "zemsub/frames/TextForm.h"
+#include "playback/LibraryView.h"
+#include "playback/TextForm.h"
 #include "zemsub/pictures/IndexPictures.h"
 #include "zemsub/pictures/SubpictureFrame.h"
 
@@ -77,8 +78,8 @@ int runAt(const QStringList& args)
     const QString path = positionals.takeFirst();
     const std::vector<long long> times = parseTimes(positionals);
 
-    const FileFacts facts = inspectFile(path);
-    ManagerSession session(path);
+    const FileFacts facts = inspectOrExit(path);
+    ManagerSession session = sessionOrExit(path);
     if (session.formatCode() == CodeNone && isIndexPath(facts))
         return answerIndex(facts, times);
     requireShown(facts, session);

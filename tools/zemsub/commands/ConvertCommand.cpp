@@ -9,7 +9,7 @@
 #include "pictures/PictureText.h"
 #include "zemsub/convert/OutputPattern.h"
 #include "zemsub/frames/SheetPainter.h"
-#include "zemsub/frames/TextForm.h"
+#include "playback/TextForm.h"
 
 #include <QDir>
 #include <QPainter>

@@ -2,9 +2,10 @@
 #include "Commands.h"
 
 #include "CommandLine.h"
+#include "LibraryChecks.h"
 #include "TimeParser.h"
-#include "zemsub/frames/LibraryView.h"
-#include "zemsub/frames/TextForm.h"
+#include "playback/LibraryView.h"
+#include "playback/TextForm.h"
 
 #include <nlohmann/json.hpp>
 
@@ -14,7 +15,7 @@ namespace {
 
 int dumpIndex(const FileFacts& facts, bool json)
 {
-    const IndexView index = readIndex(facts.path);
+    const IndexView index = indexOrExit(facts.path);
     if (!index.opened)
         fileError(
             facts.path,
@@ -70,13 +71,13 @@ int runDump(const QStringList& args)
     const QString path = line.positionals(1, 1).first();
     const bool json = line.parser().isSet(jsonOption);
 
-    const FileFacts facts = inspectFile(path);
-    ManagerSession session(path);
+    const FileFacts facts = inspectOrExit(path);
+    ManagerSession session = sessionOrExit(path);
     if (session.formatCode() == CodeNone && isIndexPath(facts))
         return dumpIndex(facts, json);
     requireShown(facts, session);
 
-    const StoredTimeline timeline = readStoredTimeline(path, session.formatCode());
+    const StoredTimeline timeline = timelineOrExit(path, session.formatCode());
     if (json) {
         nlohmann::ordered_json entries = nlohmann::ordered_json::array();
         for (const StoredEntry& entry : timeline.entries)

@@ -7,7 +7,7 @@
 #include "TrackOptions.h"
 #include "ZemsubFix.h"
 #include "pictures/PictureText.h"
-#include "zemsub/frames/TextForm.h"
+#include "playback/TextForm.h"
 
 #include <QFileInfo>
 #include <nlohmann/json.hpp>

@@ -2,8 +2,9 @@
 #include "Commands.h"
 
 #include "CommandLine.h"
+#include "LibraryChecks.h"
 #include "TimeParser.h"
-#include "zemsub/frames/LibraryView.h"
+#include "playback/LibraryView.h"
 
 #include <nlohmann/json.hpp>
 
@@ -33,7 +34,7 @@ nlohmann::ordered_json timesJson(const std::vector<StoredEntry>& entries)
 
 int printIndex(const FileFacts& facts, int managerCode, bool json)
 {
-    const IndexView index = readIndex(facts.path);
+    const IndexView index = indexOrExit(facts.path);
     if (json) {
         nlohmann::ordered_json palette = nlohmann::ordered_json::array();
         for (unsigned int colour : index.palette)
@@ -105,13 +106,13 @@ int runInfo(const QStringList& args)
     const QString path = line.positionals(1, 1).first();
     const bool json = line.parser().isSet(jsonOption);
 
-    const FileFacts facts = inspectFile(path);
-    ManagerSession session(path);
+    const FileFacts facts = inspectOrExit(path);
+    ManagerSession session = sessionOrExit(path);
     const int code = session.formatCode();
     if (code == CodeNone && isIndexPath(facts))
         return printIndex(facts, code, json);
 
-    const StoredTimeline timeline = readStoredTimeline(path, code);
+    const StoredTimeline timeline = timelineOrExit(path, code);
     if (json) {
         const nlohmann::ordered_json doc = {
             {"file", path.toStdString()},

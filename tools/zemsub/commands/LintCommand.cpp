@@ -2,13 +2,14 @@
 #include "Commands.h"
 
 #include "CommandLine.h"
+#include "LibraryChecks.h"
 #include "TrackOptions.h"
 #include "reading/MediaInput.h"
 #include "pictures/OcrLanguage.h"
 #include "pictures/PictureText.h"
 #include "reading/ReadWrittenFile.h"
 #include "reading/TrackChoice.h"
-#include "zemsub/frames/LibraryView.h"
+#include "playback/LibraryView.h"
 #include "zemsub/lint/LintCauses.h"
 #include "zemsub/lint/LintFindings.h"
 #include "zemsub/lint/LintProbe.h"
@@ -85,7 +86,7 @@ LibrarySide readLibrarySide(const QString& path, const ManagerSession& session)
     const char* locale = std::setlocale(LC_CTYPE, nullptr);
     library.locale = QString::fromLatin1(locale ? locale : "C");
     if (library.opened)
-        library.stored = readStoredTimeline(path, library.formatCode).entries;
+        library.stored = timelineOrExit(path, library.formatCode).entries;
     return library;
 }
 
@@ -125,10 +126,10 @@ int runLint(const QStringList& args)
     const QString path = line.positionals(1, 1).first();
     const int track = trackOptions.track();
 
-    if (isIndexPath(inspectFile(path)))
+    if (isIndexPath(inspectOrExit(path)))
         fileError(path, QStringLiteral("cannot lint: lint reads text subtitles, and this is a VobSub index"));
     // The library first: its own failures (the wide script reader's thrown int) are reported as such.
-    ManagerSession session(path);
+    ManagerSession session = sessionOrExit(path);
     TrackChoice choice;
     const WrittenFile written = readWrittenSide(path, line.parser().value(encodingOption), track,
                                                 trackOptions.language(), line.parser().value(ocrOption), choice);

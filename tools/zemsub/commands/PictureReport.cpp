@@ -1,7 +1,7 @@
 #include "PictureReport.h"
 
 #include "TimeParser.h"
-#include "zemsub/frames/TextForm.h"
+#include "playback/TextForm.h"
 
 namespace zemsub::tool {
 

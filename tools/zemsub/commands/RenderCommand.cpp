@@ -2,10 +2,11 @@
 #include "Commands.h"
 
 #include "CommandLine.h"
+#include "LibraryChecks.h"
 #include "TimeParser.h"
 #include "TrackOptions.h"
 #include "zemsub/frames/FrameRenderer.h"
-#include "zemsub/frames/LibraryView.h"
+#include "playback/LibraryView.h"
 #include "zemsub/pictures/IndexPictures.h"
 #include "zemsub/pictures/SubpictureFrame.h"
 #include "zemsub/pictures/TrackPictures.h"
@@ -97,8 +98,8 @@ int runRender(const QStringList& args)
 
     const int track = pictureTrackOption(line, trackOption, QStringLiteral("render"));
 
-    const FileFacts facts = inspectFile(positionals.at(0));
-    const bool opened = ManagerSession(facts.path).formatCode() != CodeNone;
+    const FileFacts facts = inspectOrExit(positionals.at(0));
+    const bool opened = sessionOrExit(facts.path).formatCode() != CodeNone;
     if (isIndexPath(facts) && !opened && track < 0)
         return renderIndex(facts, *time, style, output);
     if (track >= 0 || !opened) {

@@ -2,10 +2,11 @@
 #include "Commands.h"
 
 #include "CommandLine.h"
+#include "LibraryChecks.h"
 #include "TimeParser.h"
 #include "TrackOptions.h"
 #include "zemsub/frames/FrameRenderer.h"
-#include "zemsub/frames/LibraryView.h"
+#include "playback/LibraryView.h"
 #include "zemsub/frames/SheetPainter.h"
 #include "zemsub/pictures/IndexPictures.h"
 #include "zemsub/pictures/SubpictureFrame.h"
@@ -271,8 +272,8 @@ int runSheet(const QStringList& args)
     const int track = pictureTrackOption(line, trackOption, QStringLiteral("sheet"));
     const bool withText = line.parser().isSet(textOption);
 
-    const FileFacts facts = inspectFile(path);
-    const bool opened = ManagerSession(path).formatCode() != CodeNone;
+    const FileFacts facts = inspectOrExit(path);
+    const bool opened = sessionOrExit(path).formatCode() != CodeNone;
     if (isIndexPath(facts) && !opened && track < 0 && !withText)
         return sheetOfIndex(facts, output, every, columns, style);
     if (track >= 0 || withText || !opened) {
@@ -286,7 +287,7 @@ int runSheet(const QStringList& args)
             fileError(path, QStringLiteral("--text reads picture tracks, and FFmpeg finds none in it"));
     }
     CaptionPlayer player(facts, style);
-    const StoredTimeline timeline = readStoredTimeline(path, ManagerSession(path).formatCode());
+    const StoredTimeline timeline = timelineOrExit(path, sessionOrExit(path).formatCode());
     const std::vector<Tile> tiles = every > 0 ? stepTiles(timeline, every) : captionTiles(timeline);
     return paintSheet(path, output, style.size, tiles, columns, [&](long long time) {
         const RenderedFrame rendered = player.frameAt(time);

@@ -227,9 +227,11 @@ CaptionPlayer::CaptionPlayer(const FileFacts& facts, const RenderStyle& style)
     if (!opened) {
         m_subtitle->close();
         destroySubtitle(&m_subtitle);
-        ManagerSession session(facts.path);
-        requireShown(facts, session);
-        fileError(facts.path, QStringLiteral("not opened"));
+        const ManagerSession session(facts.path);
+        if (!session.failure().isEmpty())
+            fileError(facts.path, session.failure());
+        const QString reason = notShownReason(facts, session);
+        fileError(facts.path, reason.isEmpty() ? QStringLiteral("not opened") : reason);
     }
 }
 

@@ -1,7 +1,7 @@
 #ifndef ZEMSUB_TOOL_FRAMERENDERER_H
 #define ZEMSUB_TOOL_FRAMERENDERER_H
 
-#include "LibraryView.h"
+#include "playback/LibraryView.h"
 
 #include <QCommandLineOption>
 #include <QCommandLineParser>

@@ -4,7 +4,7 @@
 #include "LintProbe.h"
 #include "playback/Causes.h"
 #include "reading/WrittenFile.h"
-#include "zemsub/frames/LibraryView.h"
+#include "playback/LibraryView.h"
 
 #include <QString>
 #include <vector>

@@ -1,7 +1,7 @@
 #include "LintProbe.h"
 
 #include "playback/CaptionImageModel.h"
-#include "zemsub/frames/TextForm.h"
+#include "playback/TextForm.h"
 
 #include <algorithm>
 

@@ -3,8 +3,8 @@
 #include "zemsub/commands/CommandLine.h"
 #include "zemsub/commands/PictureReport.h"
 #include "zemsub/commands/TimeParser.h"
-#include "zemsub/frames/LibraryView.h"
-#include "zemsub/frames/TextForm.h"
+#include "playback/LibraryView.h"
+#include "playback/TextForm.h"
 
 #include "pictures/PictureText.h"
 

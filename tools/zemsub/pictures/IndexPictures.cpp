@@ -1,7 +1,7 @@
 #include "IndexPictures.h"
 
 #include "CustomColours.h"
-#include "zemsub/frames/TextForm.h"
+#include "playback/TextForm.h"
 
 #include "parsers/xcIdxParser.h"
 

@@ -3,7 +3,7 @@
 
 #include "SubPathArrangement.h"
 #include "pictures/SubpictureDecoder.h"
-#include "zemsub/frames/LibraryView.h"
+#include "playback/LibraryView.h"
 
 #include <QSize>
 #include <QString>

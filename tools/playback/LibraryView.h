@@ -1,5 +1,5 @@
-#ifndef ZEMSUB_TOOL_LIBRARYVIEW_H
-#define ZEMSUB_TOOL_LIBRARYVIEW_H
+#ifndef ZEMSUB_PLAYBACK_LIBRARYVIEW_H
+#define ZEMSUB_PLAYBACK_LIBRARYVIEW_H
 
 #include "manager/detail/FormatCodes.h"
 
@@ -30,9 +30,9 @@ struct FileFacts
     bool mark = false; // begins with FF FE
     bool hasDot = false;
     QString extension; // after the last "." of the whole path
+    QString failure;   // why the file cannot be read (missing, a directory, unreadable); empty when it can
 };
 
-// Throws ToolError (exit 1) naming the file when it is missing, a directory, or unreadable.
 FileFacts inspectFile(const QString& path);
 
 bool isIndexPath(const FileFacts& facts); // extension "idx" in any case
@@ -59,10 +59,10 @@ struct StoredTimeline
     bool opened = false;
     int lines = 0;
     std::vector<StoredEntry> entries;
+    QString failure; // the wide script reader threw its int: why, as wideThrowReason says; empty otherwise
 };
 
-// Opens path with a fresh parser of the given code. The wide script reader's
-// thrown int becomes a ToolError naming the file.
+// Opens path with a fresh parser of the given code.
 StoredTimeline readStoredTimeline(const QString& path, int formatCode);
 
 struct IndexEntry
@@ -83,6 +83,7 @@ struct IndexView
     unsigned int palette[16] = {};
     unsigned int customColors[4] = {};
     std::vector<IndexEntry> entries;
+    QString failure; // the index reader threw its int; empty otherwise
 };
 
 IndexView readIndex(const QString& path);
@@ -91,13 +92,16 @@ IndexView readIndex(const QString& path);
 class ManagerSession
 {
 public:
-    // Throws ToolError for the wide script reader's thrown int.
     explicit ManagerSession(const QString& path);
     ~ManagerSession();
     ManagerSession(const ManagerSession&) = delete;
     ManagerSession& operator=(const ManagerSession&) = delete;
+    ManagerSession(ManagerSession&&) noexcept;
 
     bool opened() const { return m_opened; }
+    // The wide script reader threw its int while the manager opened the file:
+    // why (wideThrowReason); empty otherwise.
+    const QString& failure() const { return m_failure; }
     int formatCode() const;
     bool wide() const;
     // The caption text at ms as a player receives it; a null string when none.
@@ -106,11 +110,12 @@ public:
 private:
     std::unique_ptr<xcSubtitleManager> m_manager;
     bool m_opened = false;
+    QString m_failure;
 };
 
-// Throws ToolError (exit 1) with the reason the library does not show the file:
-// the manager's refusal or the reader's failed Open. Does nothing when it opens.
-void requireShown(const FileFacts& facts, const ManagerSession& session);
+// Why the library does not show the file (the manager's refusal or the
+// reader's failed Open); empty when it opens.
+QString notShownReason(const FileFacts& facts, const ManagerSession& session);
 
 // The message for the wide script reader's thrown int 1; the count is left out when negative.
 QString wideThrowReason(int entriesBefore);

@@ -1,8 +1,7 @@
 #include "LibraryView.h"
 
+#include "ReaderLimits.h"
 #include "TextForm.h"
-#include "zemsub/commands/CommandLine.h"
-#include "playback/ReaderLimits.h"
 
 #include "ISubTitle.h"
 #include "manager/xcSubtitleManager.h"
@@ -106,7 +105,8 @@ StoredTimeline readWith(const QString& path, int code, MakeEntry makeEntry)
     try {
         timeline.opened = parser.Open(name.constData());
     } catch (int) {
-        fileError(path, wideThrowReason(int(parser.GetMap().size())));
+        timeline.failure = wideThrowReason(int(parser.GetMap().size()));
+        return timeline;
     }
     timeline.lines = int(parser.GetLines().size());
     for (const auto& [key, entry] : parser.GetMap())
@@ -120,24 +120,28 @@ FileFacts inspectFile(const QString& path)
 {
     FileFacts facts;
     facts.path = path;
+    auto fail = [&facts](const QString& why) {
+        facts.failure = why;
+        return facts;
+    };
     if (path.isEmpty())
-        fileError(QStringLiteral("\"\""), QStringLiteral("cannot open: the path is empty"));
+        return fail(QStringLiteral("cannot open: the path is empty"));
     const QFileInfo info(path);
     if (info.isDir())
-        fileError(path, QStringLiteral("cannot open: it is a directory"));
+        return fail(QStringLiteral("cannot open: it is a directory"));
 
     char mode[] = "rb";
     const QByteArray name = encodedPath(path);
     errno = 0;
     FILE* file = sub_open(name.constData(), mode);
     if (!file)
-        fileError(path, QStringLiteral("cannot open: %1").arg(QString::fromLocal8Bit(std::strerror(errno))));
+        return fail(QStringLiteral("cannot open: %1").arg(QString::fromLocal8Bit(std::strerror(errno))));
     char head[4] = {};
     const size_t got = std::fread(head, 1, sizeof head, file);
     const bool failed = std::ferror(file) != 0;
     std::fclose(file);
     if (failed)
-        fileError(path, QStringLiteral("cannot read it"));
+        return fail(QStringLiteral("cannot read it"));
 
     facts.head = QByteArray(head, int(got));
     facts.size = info.size();
@@ -235,9 +239,9 @@ IndexView readIndex(const QString& path)
     try {
         view.opened = parser.Open(name.constData());
     } catch (int) {
-        fileError(path,
-                  QStringLiteral(
-                      "cannot parse: the index reader threw the int 1 (a field was asked of an empty line)"));
+        view.failure =
+            QStringLiteral("cannot parse: the index reader threw the int 1 (a field was asked of an empty line)");
+        return view;
     }
     view.lines = int(parser.GetLines().size());
     view.subPath = fromNarrow(parser.GetSubPath().getData());
@@ -258,11 +262,12 @@ ManagerSession::ManagerSession(const QString& path) : m_manager(std::make_unique
     try {
         m_opened = m_manager->Open(name.constData());
     } catch (int) {
-        fileError(path, wideThrowReason(-1));
+        m_failure = wideThrowReason(-1);
     }
 }
 
 ManagerSession::~ManagerSession() = default;
+ManagerSession::ManagerSession(ManagerSession&&) noexcept = default;
 
 int ManagerSession::formatCode() const
 {
@@ -281,18 +286,18 @@ QString ManagerSession::textAt(long long ms)
     return fromNarrow(m_manager->GetSubTitle(ms));
 }
 
-void requireShown(const FileFacts& facts, const ManagerSession& session)
+QString notShownReason(const FileFacts& facts, const ManagerSession& session)
 {
     if (session.opened())
-        return;
+        return QString();
     const int code = session.formatCode();
     if (code == CodeNone)
-        fileError(facts.path, QStringLiteral("not opened: ") + formatReason(facts, code));
+        return QStringLiteral("not opened: ") + formatReason(facts, code);
     QString reason = QStringLiteral("not opened: the %1 did not open it").arg(readerName(code));
     const int limit = readerLineLimit(code);
     if (countLineFeeds(facts.path) >= limit)
         reason += QStringLiteral(" (a file of more than %1 lines does not open)").arg(limit);
-    fileError(facts.path, reason);
+    return reason;
 }
 
 } // namespace zemsub::tool
