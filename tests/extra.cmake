@@ -3,6 +3,8 @@
 if(TARGET tools_tests)
   if(TARGET zemsub AND TARGET zemsub-host)
     target_link_libraries(tools_tests PRIVATE zemsub_core)
+    # The helpers beside the layer folders: "ToolRunner.h", "SamplePictures.h".
+    target_include_directories(tools_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/tools)
     target_compile_definitions(tools_tests PRIVATE
       ZEMSUB_TOOL_BINARY="$<TARGET_FILE:zemsub>"
       ZEMSUB_HOST_BINARY="$<TARGET_FILE:zemsub-host>")
