@@ -56,3 +56,22 @@ TEST(ZemsubToolLayers, EachLayerIncludesOnlyTheLayersBelowIt)
     }
     EXPECT_GT(files, 40);
 }
+
+TEST(ZemsubToolLayers, OnlyTheCommandsTurnAFailureIntoAnExit)
+{
+    static const QRegularExpression exits(QStringLiteral("\\b(fileError|usageError|ToolError)\\b"));
+    int files = 0;
+    QDirIterator it(QStringLiteral(ZEMSUB_SOURCE_DIR "/tools"), {QStringLiteral("*.h"), QStringLiteral("*.cpp")},
+                    QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QString path = it.next();
+        if (path.contains(QStringLiteral("/tools/zemsub/commands/")) || path.endsWith(QStringLiteral("/zemsub/main.cpp")))
+            continue;
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        ++files;
+        EXPECT_FALSE(exits.match(QString::fromUtf8(file.readAll())).hasMatch())
+            << path.toStdString() << " ends the program itself; it should answer the failure";
+    }
+    EXPECT_GT(files, 80);
+}

@@ -119,7 +119,8 @@ void drawReview(const QString& output, const std::vector<std::pair<QString, zems
             label += QStringLiteral(": ") + QString(review.text).replace(QLatin1Char('\n'), QStringLiteral(" / "));
         sheet.draw(int(i), frame, label);
     }
-    sheet.save(output);
+    if (!sheet.save(output))
+        throw ToolError{ExitCannotRead, output + QStringLiteral(": cannot write the image")};
 }
 
 } // namespace

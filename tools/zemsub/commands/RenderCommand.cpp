@@ -3,6 +3,7 @@
 
 #include "CommandLine.h"
 #include "LibraryChecks.h"
+#include "StyleOptions.h"
 #include "TimeParser.h"
 #include "TrackOptions.h"
 #include "zemsub/frames/FrameRenderer.h"
@@ -109,7 +110,11 @@ int runRender(const QStringList& args)
         if (opened.pictures)
             return renderTrack(*opened.pictures, *time, style, output);
     }
-    CaptionPlayer player(facts, style);
+    QString why;
+    const std::unique_ptr<CaptionPlayer> playing = CaptionPlayer::open(facts, style, &why);
+    if (!playing)
+        fileError(facts.path, why);
+    CaptionPlayer& player = *playing;
     const RenderedFrame frame = player.frameAt(*time);
     save(frame.image, output);
     out(QStringLiteral("time %1\trecord %2\twrote %3\n")

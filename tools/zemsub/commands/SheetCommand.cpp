@@ -3,6 +3,7 @@
 
 #include "CommandLine.h"
 #include "LibraryChecks.h"
+#include "StyleOptions.h"
 #include "TimeParser.h"
 #include "TrackOptions.h"
 #include "zemsub/frames/FrameRenderer.h"
@@ -118,7 +119,8 @@ int paintSheet(const QString& path, const QString& output, QSize frameSize, cons
         if (progress && ((i + 1) % 25 == 0 || i + 1 == count))
             err(QStringLiteral("sheet: %1/%2 tiles\n").arg(i + 1).arg(count));
     }
-    painter.save(output);
+    if (!painter.save(output))
+        throw ToolError{ExitCannotRead, output + QStringLiteral(": cannot write the image")};
     out(QStringLiteral("tiles %1\tshown %2\twrote %3\n").arg(count).arg(shown).arg(output));
     return ExitSuccess;
 }
@@ -286,7 +288,11 @@ int runSheet(const QStringList& args)
         if (withText)
             fileError(path, QStringLiteral("--text reads picture tracks, and FFmpeg finds none in it"));
     }
-    CaptionPlayer player(facts, style);
+    QString why;
+    const std::unique_ptr<CaptionPlayer> playing = CaptionPlayer::open(facts, style, &why);
+    if (!playing)
+        fileError(facts.path, why);
+    CaptionPlayer& player = *playing;
     const StoredTimeline timeline = timelineOrExit(path, sessionOrExit(path).formatCode());
     const std::vector<Tile> tiles = every > 0 ? stepTiles(timeline, every) : captionTiles(timeline);
     return paintSheet(path, output, style.size, tiles, columns, [&](long long time) {

@@ -3,12 +3,11 @@
 
 #include "playback/LibraryView.h"
 
-#include <QCommandLineOption>
-#include <QCommandLineParser>
 #include <QImage>
 #include <QPoint>
 #include <QSize>
 #include <QString>
+#include <memory>
 #include <optional>
 
 class ISubTitle;
@@ -30,19 +29,8 @@ struct RenderStyle
     QString background;              // colour name or image path; empty: a synthetic frame
 };
 
-// The options that render and sheet share.
-class StyleOptions
-{
-public:
-    StyleOptions();
-    void addTo(QCommandLineParser& parser) const;
-    // Throws ToolError (exit 2) for a malformed value.
-    RenderStyle read(const QCommandLineParser& parser, const QString& command) const;
-
-private:
-    QCommandLineOption m_size, m_font, m_point, m_style, m_colour, m_spacing, m_pos, m_transparency,
-        m_background;
-};
+// A colour name Qt knows, or #RRGGBB.
+bool isColourName(const QString& text);
 
 // The record a getSubtitleData call answered, copied.
 struct CaptionRecord
@@ -65,8 +53,10 @@ struct RenderedFrame
 class CaptionPlayer
 {
 public:
-    // Throws ToolError (exit 1) with the reason when the library does not open the file.
-    CaptionPlayer(const FileFacts& facts, const RenderStyle& style);
+    // The file played with style; null when the library does not open it,
+    // *failure then saying why.
+    static std::unique_ptr<CaptionPlayer> open(const FileFacts& facts, const RenderStyle& style,
+                                               QString* failure);
     ~CaptionPlayer();
     CaptionPlayer(const CaptionPlayer&) = delete;
     CaptionPlayer& operator=(const CaptionPlayer&) = delete;
@@ -78,6 +68,10 @@ public:
     const RenderStyle& style() const { return m_style; }
 
 private:
+    explicit CaptionPlayer(const RenderStyle& style);
+    // Sets the style and opens the file; why it did not open, else empty.
+    QString load(const FileFacts& facts);
+
     ISubTitle* m_subtitle = nullptr;
     RenderStyle m_style;
     QImage m_background;

@@ -1,7 +1,5 @@
 #include "SheetPainter.h"
 
-#include "zemsub/commands/CommandLine.h"
-
 #include <QFileInfo>
 #include <QFont>
 
@@ -47,11 +45,10 @@ void SheetPainter::draw(int i, const QImage& frame, const QString& label)
                        label);
 }
 
-void SheetPainter::save(const QString& output)
+bool SheetPainter::save(const QString& output)
 {
     m_painter.end();
-    if (!m_sheet.save(output, "PNG"))
-        throw ToolError{ExitCannotRead, output + QStringLiteral(": cannot write the image")};
+    return m_sheet.save(output, "PNG");
 }
 
 } // namespace zemsub::tool

@@ -19,8 +19,8 @@ public:
 
     // Tile i (from 0, row by row): the frame scaled into it and its label.
     void draw(int i, const QImage& frame, const QString& label);
-    // Throws ToolError (exit 1) when the file cannot be written.
-    void save(const QString& output);
+    // Writes the sheet as PNG; false when the file cannot be written.
+    bool save(const QString& output);
 
 private:
     int m_columns;
