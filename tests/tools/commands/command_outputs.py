@@ -39,6 +39,7 @@ def text_cases(name):
         ["convert", name, "-o", stem + ".plain.vtt"], ["convert", "--json", name, "-o", stem + ".plain.srt"],
         ["render", name, "1500", "-o", stem + ".render.png"],
         ["sheet", name, "-o", stem + ".sheet.png"],
+        ["sheet", "--every", "700", name, "-o", stem + ".every.png"],
     ]
 
 
@@ -64,6 +65,7 @@ def picture_cases(name):
         ["render", name, "1500", "-o", stem + ".render.png"],
         ["sheet", name, "-o", stem + ".sheet.png"],
         ["sheet", "--text", name, "-o", stem + ".sheet-text.png"],
+        ["sheet", "--every", "700", name, "-o", stem + ".every.png"],
     ]
 
 
@@ -79,7 +81,8 @@ def video_cases(name):
     cases += [["lint", "--language", "fre", name],
               ["convert", name, "-o", "{stem}.{lang}{forced}.srt"],
               ["render", "--track", "2", name, "1500", "-o", "tracks.render.png"],
-              ["sheet", "--track", "2", name, "-o", "tracks.sheet.png"]]
+              ["sheet", "--track", "2", name, "-o", "tracks.sheet.png"],
+              ["sheet", "--track", "2", "--every", "700", name, "-o", "tracks.every.png"]]
     return cases
 
 

@@ -51,11 +51,9 @@ std::vector<Tile> captionTiles(const StoredTimeline& timeline)
     return tiles;
 }
 
-std::vector<Tile> stepTiles(const StoredTimeline& timeline, long long every)
+// One tile every `every` ms from 0 up to last.
+std::vector<Tile> stepTiles(long long last, long long every)
 {
-    long long last = 0;
-    for (const StoredEntry& entry : timeline.entries)
-        last = std::max(last, entry.end);
     const long long count = last / every + 1;
     if (count > kMaxTiles)
         usageError(QStringLiteral("sheet: --every %1 gives %2 tiles for this file; at most %3")
@@ -83,16 +81,31 @@ std::vector<Tile> indexTiles(const std::vector<IndexEntry>& entries)
     return tiles;
 }
 
-std::vector<Tile> indexStepTiles(const std::vector<IndexEntry>& entries, long long every)
+// The end of the last caption stored (0 when none).
+long long lastEnd(const StoredTimeline& timeline)
 {
-    StoredTimeline timeline;
-    for (const IndexEntry& entry : entries) {
-        StoredEntry stored;
-        stored.key = entry.key;
-        stored.start = stored.end = entry.time;
-        timeline.entries.push_back(stored);
-    }
-    return stepTiles(timeline, every);
+    long long last = 0;
+    for (const StoredEntry& entry : timeline.entries)
+        last = std::max(last, entry.end);
+    return last;
+}
+
+// The time of the last subpicture (0 when none).
+long long lastTime(const std::vector<IndexEntry>& entries)
+{
+    long long last = 0;
+    for (const IndexEntry& entry : entries)
+        last = std::max(last, entry.time);
+    return last;
+}
+
+// Where a track's pictures end: the latest start, or the last picture's end.
+long long lastTime(const std::vector<ShownPicture>& pictures)
+{
+    long long last = 0;
+    for (const ShownPicture& picture : pictures)
+        last = std::max(last, picture.start);
+    return pictures.empty() ? 0 : std::max(last, pictures.back().end);
 }
 
 // One frame per tile, drawn by the caller; labels and layout are shared.
@@ -140,7 +153,7 @@ int sheetOfIndex(const FileFacts& facts, const QString& output, long long every,
         style.size = pictures.frameSize();
     const QImage background = makeBackground(style);
     const std::vector<Tile> tiles =
-        every > 0 ? indexStepTiles(pictures.entries(), every) : indexTiles(pictures.entries());
+        every > 0 ? stepTiles(lastTime(pictures.entries()), every) : indexTiles(pictures.entries());
     return paintSheet(facts.path, output, style.size, tiles, columns, [&](long long time) {
         const IndexPicture answer = pictures.at(time);
         SheetFrame frame;
@@ -171,12 +184,7 @@ int sheetOfTrack(const QString& path, const TrackPictures& pictures, const QStri
         style.size = pictures.frameSize();
     std::vector<Tile> tiles;
     if (every > 0) {
-        std::vector<IndexEntry> steps;
-        for (const ShownPicture& picture : pictures.pictures())
-            steps.push_back(IndexEntry{0, picture.start, 0});
-        if (!steps.empty())
-            steps.back().time = pictures.pictures().back().end;
-        tiles = indexStepTiles(steps, every);
+        tiles = stepTiles(lastTime(pictures.pictures()), every);
     } else {
         if (pictures.pictures().size() > size_t(kMaxTiles))
             usageError(QStringLiteral("sheet: the track holds %1 pictures; at most %2 tiles (use --every)")
@@ -294,7 +302,7 @@ int runSheet(const QStringList& args)
         fileError(facts.path, why);
     CaptionPlayer& player = *playing;
     const StoredTimeline timeline = timelineOrExit(path, sessionOrExit(path).formatCode());
-    const std::vector<Tile> tiles = every > 0 ? stepTiles(timeline, every) : captionTiles(timeline);
+    const std::vector<Tile> tiles = every > 0 ? stepTiles(lastEnd(timeline), every) : captionTiles(timeline);
     return paintSheet(path, output, style.size, tiles, columns, [&](long long time) {
         const RenderedFrame rendered = player.frameAt(time);
         SheetFrame frame;
