@@ -1,0 +1,212 @@
+#include "FrameSource.h"
+
+#include "zemsub/pictures/SubpictureFrame.h"
+
+#include <algorithm>
+
+namespace zemsub::tool {
+
+namespace {
+
+class LibraryFrames : public FrameSource
+{
+public:
+    LibraryFrames(std::unique_ptr<CaptionPlayer> player, std::optional<StoredTimeline> timeline)
+        : m_player(std::move(player)), m_timeline(std::move(timeline))
+    {
+    }
+
+    QSize frameSize() const override { return m_player->style().size; }
+
+    // Each caption with text, at its middle.
+    std::vector<SourceCaption> captions() const override
+    {
+        std::vector<StoredEntry> entries;
+        for (const StoredEntry& entry : timelineEntries()) {
+            if (!entry.text.isEmpty())
+                entries.push_back(entry);
+        }
+        std::stable_sort(entries.begin(), entries.end(),
+                         [](const StoredEntry& a, const StoredEntry& b) { return a.start < b.start; });
+        std::vector<SourceCaption> captions;
+        for (const StoredEntry& entry : entries)
+            captions.push_back(SourceCaption{entry.key, entry.start + (entry.end - entry.start) / 2});
+        return captions;
+    }
+
+    QString holder() const override { return QStringLiteral("file"); }
+    QString captionWord() const override { return QStringLiteral("captions"); }
+
+    long long lastTime() const override
+    {
+        long long last = 0;
+        for (const StoredEntry& entry : timelineEntries())
+            last = std::max(last, entry.end);
+        return last;
+    }
+
+    SourceFrame frameAt(long long ms) override
+    {
+        const RenderedFrame rendered = m_player->frameAt(ms);
+        SourceFrame frame;
+        frame.image = rendered.image;
+        frame.shown = rendered.record.shown;
+        frame.described = QStringLiteral("record ") + describeRecord(rendered.record);
+        if (!rendered.record.shown)
+            frame.tileNote = QStringLiteral("  (nothing shown)");
+        return frame;
+    }
+
+private:
+    const std::vector<StoredEntry>& timelineEntries() const
+    {
+        static const std::vector<StoredEntry> none;
+        return m_timeline ? m_timeline->entries : none;
+    }
+
+    std::unique_ptr<CaptionPlayer> m_player;
+    std::optional<StoredTimeline> m_timeline;
+};
+
+class IndexFrames : public FrameSource
+{
+public:
+    IndexFrames(std::unique_ptr<IndexPictures> pictures, RenderStyle style) : m_pictures(std::move(pictures))
+    {
+        if (!style.sizeGiven)
+            style.size = m_pictures->frameSize();
+        m_background = makeBackground(style);
+    }
+
+    QSize frameSize() const override { return m_background.size(); }
+
+    // Each subpicture, at its time.
+    std::vector<SourceCaption> captions() const override
+    {
+        std::vector<IndexEntry> sorted = m_pictures->entries();
+        std::stable_sort(sorted.begin(), sorted.end(),
+                         [](const IndexEntry& a, const IndexEntry& b) { return a.time < b.time; });
+        std::vector<SourceCaption> captions;
+        for (const IndexEntry& entry : sorted)
+            captions.push_back(SourceCaption{entry.key, entry.time});
+        return captions;
+    }
+
+    QString holder() const override { return QStringLiteral("index"); }
+    QString captionWord() const override { return QStringLiteral("subpictures"); }
+
+    long long lastTime() const override
+    {
+        long long last = 0;
+        for (const IndexEntry& entry : m_pictures->entries())
+            last = std::max(last, entry.time);
+        return last;
+    }
+
+    bool warnsOfProblems() const override { return true; }
+
+    SourceFrame frameAt(long long ms) override
+    {
+        const IndexPicture answer = m_pictures->at(ms);
+        const QSize indexFrame = m_pictures->frameSize();
+        const DecodedSubpicture& shown = answer.subpicture;
+        SourceFrame frame;
+        frame.image = frameWithSubpicture(m_background, shown, indexFrame);
+        frame.problem = subpictureProblem(shown, indexFrame);
+        frame.shown = shown.decoded && frame.problem.isEmpty();
+        frame.described = QStringLiteral("picture ") + describeSubpicture(shown, indexFrame);
+        frame.tileNote = shown.decoded ? QStringLiteral("  %1x%2 at %3,%4")
+                                             .arg(shown.shown.image.width())
+                                             .arg(shown.shown.image.height())
+                                             .arg(shown.shown.position.x())
+                                             .arg(shown.shown.position.y())
+                                       : QStringLiteral("  (no picture)");
+        if (!frame.problem.isEmpty())
+            frame.tileNote += QStringLiteral("  (%1)").arg(frame.problem);
+        return frame;
+    }
+
+private:
+    std::unique_ptr<IndexPictures> m_pictures;
+    QImage m_background;
+};
+
+class TrackFrames : public FrameSource
+{
+public:
+    TrackFrames(TrackPictures pictures, RenderStyle style) : m_pictures(std::move(pictures))
+    {
+        if (!style.sizeGiven)
+            style.size = m_pictures.frameSize();
+        m_background = makeBackground(style);
+    }
+
+    QSize frameSize() const override { return m_background.size(); }
+
+    // Each picture, at its start.
+    std::vector<SourceCaption> captions() const override
+    {
+        std::vector<SourceCaption> captions;
+        for (size_t i = 0; i < m_pictures.pictures().size(); ++i)
+            captions.push_back(SourceCaption{int(i + 1), m_pictures.pictures()[i].start});
+        return captions;
+    }
+
+    QString holder() const override { return QStringLiteral("track"); }
+    const TrackPictures* trackPictures() const override { return &m_pictures; }
+    QString captionWord() const override { return QStringLiteral("pictures"); }
+
+    // The latest start, or the last picture's end.
+    long long lastTime() const override
+    {
+        const std::vector<ShownPicture>& pictures = m_pictures.pictures();
+        long long last = 0;
+        for (const ShownPicture& picture : pictures)
+            last = std::max(last, picture.start);
+        return pictures.empty() ? 0 : std::max(last, pictures.back().end);
+    }
+
+    SourceFrame frameAt(long long ms) override
+    {
+        const DecodedSubpicture shown = m_pictures.at(ms);
+        const QSize trackFrame = m_pictures.frameSize();
+        SourceFrame frame;
+        frame.image = frameWithSubpicture(m_background, shown, trackFrame);
+        frame.problem = subpictureProblem(shown, trackFrame);
+        frame.shown = shown.decoded && frame.problem.isEmpty();
+        frame.described = QStringLiteral("track %1 (%2, %3x%4)\tpicture %5")
+                              .arg(m_pictures.track())
+                              .arg(m_pictures.codec())
+                              .arg(trackFrame.width())
+                              .arg(trackFrame.height())
+                              .arg(describeSubpicture(shown, trackFrame));
+        frame.tileNote = shown.decoded ? QString() : QStringLiteral("  (no picture)");
+        if (!frame.problem.isEmpty())
+            frame.tileNote += QStringLiteral("  (%1)").arg(frame.problem);
+        return frame;
+    }
+
+private:
+    TrackPictures m_pictures;
+    QImage m_background;
+};
+
+} // namespace
+
+std::unique_ptr<FrameSource> libraryFrames(std::unique_ptr<CaptionPlayer> player,
+                                           std::optional<StoredTimeline> timeline)
+{
+    return std::make_unique<LibraryFrames>(std::move(player), std::move(timeline));
+}
+
+std::unique_ptr<FrameSource> indexFrames(std::unique_ptr<IndexPictures> pictures, RenderStyle style)
+{
+    return std::make_unique<IndexFrames>(std::move(pictures), std::move(style));
+}
+
+std::unique_ptr<FrameSource> trackFrames(TrackPictures pictures, RenderStyle style)
+{
+    return std::make_unique<TrackFrames>(std::move(pictures), std::move(style));
+}
+
+} // namespace zemsub::tool
