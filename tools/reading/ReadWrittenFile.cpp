@@ -169,12 +169,4 @@ WrittenFile readWrittenTrack(const MediaInput& input, DemuxedInput& demuxed, con
     return readUtf8Track(demuxed, track);
 }
 
-WrittenFile readWrittenTrack(const QByteArray& bytes, const QString& fileName, const QString& forcedEncoding,
-                             const TrackList& tracks, int track)
-{
-    const MediaInput input(bytes, fileName);
-    DemuxedInput demuxed(input);
-    return readWrittenTrack(input, demuxed, forcedEncoding, tracks, track);
-}
-
 } // namespace zemsub::tool

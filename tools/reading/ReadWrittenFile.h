@@ -19,15 +19,12 @@ namespace zemsub::tool {
 WrittenFile readWrittenFile(const QByteArray& bytes, const QString& fileName,
                             const QString& forcedEncoding = QString());
 
-// The same for the track-th subtitle track of a file listed as tracks. A track
-// of a format that stores text as UTF-8 (Matroska, MP4) is read as UTF-8 and
-// forcedEncoding is ignored; its blocks are FFmpeg's events alone, and an
-// ASS/SSA track keeps its header in scriptHeader.
-WrittenFile readWrittenTrack(const QByteArray& bytes, const QString& fileName, const QString& forcedEncoding,
-                             const TrackList& tracks, int track);
-// The same for input opened as demuxed (its packets not read yet; this reads
-// them). A picture track is not read here (pictures is set); only a subtitle
-// file of text is read whole.
+// The same for the track-th subtitle track of input, listed as tracks and
+// opened as demuxed (its packets not read yet; this reads them). A track of a
+// format that stores text as UTF-8 (Matroska, MP4), or of any video, is read as
+// FFmpeg's events alone (forcedEncoding is ignored; an ASS/SSA track keeps its
+// header in scriptHeader); only a subtitle file of text is read whole, for its
+// lines. A picture track is not read here: pictures is set.
 WrittenFile readWrittenTrack(const MediaInput& input, DemuxedInput& demuxed, const QString& forcedEncoding,
                              const TrackList& tracks, int track);
 
