@@ -113,6 +113,7 @@ WrittenFile readPlainFile(const QByteArray& bytes, const QString& fileName, cons
 
     const SourceLines source = splitSourceLines(bytes, encoding);
     file.crlf = source.crlf;
+    file.unendedLastLine = source.unendedLastLine;
     file.lineCount = int(source.lines.size());
 
     file.track = track;

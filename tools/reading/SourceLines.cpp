@@ -47,8 +47,10 @@ void splitUtf16(const QByteArray& bytes, bool littleEndian, SourceLines& source)
             line += QChar(unit);
         }
     }
-    if (!line.isEmpty())
+    if (!line.isEmpty()) {
         addLine(source, line, begin);
+        source.unendedLastLine = true;
+    }
 }
 
 } // namespace
@@ -90,8 +92,10 @@ SourceLines splitSourceLines(const QByteArray& bytes, const DetectedEncoding& en
     const long long size = bytes.size();
     while (begin < size) {
         long long end = bytes.indexOf('\n', static_cast<int>(begin));
-        if (end < 0)
+        if (end < 0) {
             end = size;
+            source.unendedLastLine = true;
+        }
         addLine(source, decodeLine(bytes.mid(static_cast<int>(begin), static_cast<int>(end - begin)), name),
                 begin);
         begin = end + 1;

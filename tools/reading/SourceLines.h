@@ -15,6 +15,7 @@ struct SourceLines
     QStringList lines;              // without their line feed and carriage return
     std::vector<long long> offsets; // byte offset in the file where each line begins
     bool crlf = false;              // a line ends in CR LF
+    bool unendedLastLine = false;   // the last line has no line feed after it
 };
 
 // Splits at line feeds (a last line without one counts; an empty last line does

@@ -85,6 +85,7 @@ struct WrittenFile
     bool utf16 = false;           // UTF-16 text behind the mark
     bool crlf = false;            // a line ends in CR LF
     bool zeroBytes = false;       // the file holds a zero byte
+    bool unendedLastLine = false; // the last line has no line feed after it
     int lineCount = 0;
     std::vector<WrittenBlock> blocks;
     // SubRip: the number lines of blocks that no FFmpeg event stands on (FFmpeg

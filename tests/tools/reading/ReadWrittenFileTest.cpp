@@ -71,6 +71,18 @@ TEST(ZemsubReadWrittenFile, CrLfAndTheUtf8MarkAreSeenAndTolerated)
     EXPECT_EQ(file.blocks[1].text, "B");
 }
 
+TEST(ZemsubReadWrittenFile, ALastLineWithoutALineFeedIsSeen)
+{
+    const QByteArray ended = "1\n00:00:01,000 --> 00:00:02,000\nA\n\n2\n00:00:03,000 --> 00:00:04,000\nB\n";
+    EXPECT_FALSE(read(ended, "ended.srt").unendedLastLine);
+    const QByteArray unended = ended.left(ended.size() - 1);
+    const WrittenFile file = read(unended, "unended.srt");
+    EXPECT_TRUE(file.unendedLastLine);
+    EXPECT_EQ(file.lineCount, 7);
+    EXPECT_TRUE(read(utf16le(unended), "unended16.srt").unendedLastLine);
+    EXPECT_FALSE(read(utf16le(ended), "ended16.srt").unendedLastLine);
+}
+
 TEST(ZemsubReadWrittenFile, MarkupGoesAsFfmpegTurnsItIntoOverrideBlocks)
 {
     const WrittenFile file =

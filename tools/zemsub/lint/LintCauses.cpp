@@ -160,16 +160,11 @@ bool anglePair(const QString& text)
     return pair.match(text).hasMatch();
 }
 
-bool sameTimes(const StoredEntry& entry, const WrittenBlock& block)
-{
-    return entry.start == block.start && entry.end == block.end;
-}
-
-// A Dialogue line on the file's last line that the reader did not store: it
-// drops the last line of a file that does not end in a line feed. Seen from
-// the map: FFmpeg reads a caption on the last line, and the reader's last
-// entry holds the times of an earlier caption (or there is no entry at all).
-// The captions (1-based) of that line and of the entry left last; 0 for none.
+// The narrow script reader drops the last line of a file that does not end in
+// a line feed. When FFmpeg reads a Dialogue there, the reader stores one
+// Dialogue line fewer, and the one before becomes its last entry, never
+// answered. The captions (1-based) of the line dropped and of the entry left
+// last; 0 for none.
 struct UnendedLastLine
 {
     int dropped = 0;
@@ -179,34 +174,18 @@ struct UnendedLastLine
 UnendedLastLine unendedLastLine(const WrittenFile& file, const LibrarySide& library)
 {
     UnendedLastLine found;
-    if (file.kind != WrittenKind::Script || file.utf8Track || file.zeroBytes || !library.opened)
+    if (file.kind != WrittenKind::Script || !file.unendedLastLine || file.zeroBytes ||
+        library.formatCode != CodeScript || !library.opened)
         return found;
-    const WrittenBlock* last = nullptr;
-    for (const WrittenBlock& block : file.blocks) {
-        if (block.sourceFound && (!last || block.line > last->line))
-            last = &block;
-    }
-    if (!last || last->line != file.lineCount)
+    // The blocks stand in file order, those found on their lines first.
+    const auto onItsLine = [](const WrittenBlock& block) { return block.sourceFound; };
+    const auto last = std::find_if(file.blocks.rbegin(), file.blocks.rend(), onItsLine);
+    if (last == file.blocks.rend() || last->line != file.lineCount)
         return found;
-    const StoredEntry* highest = nullptr;
-    for (const StoredEntry& entry : library.stored) {
-        if (!highest || entry.key > highest->key)
-            highest = &entry;
-    }
-    if (highest) {
-        if (sameTimes(*highest, *last))
-            return found;
-        const WrittenBlock* kept = nullptr;
-        for (const WrittenBlock& block : file.blocks) {
-            if (block.sourceFound && block.line < last->line && sameTimes(*highest, block) &&
-                (!kept || block.line > kept->line))
-                kept = &block;
-        }
-        if (!kept)
-            return found;
-        found.keptLast = kept->index;
-    }
     found.dropped = last->index;
+    const auto before = std::find_if(std::next(last), file.blocks.rend(), onItsLine);
+    if (before != file.blocks.rend())
+        found.keptLast = before->index;
     return found;
 }
 
