@@ -320,18 +320,7 @@ TEST_F(FixWriter, ScriptWhoseLastLineHasNoLineFeedShowsItsLastTwoCaptions)
 {
     // SubStation Alpha's own form: Marked fields, a Sound line among the Dialogue
     // lines, and no line feed after the last Dialogue line, which the reader drops.
-    const std::string script =
-        "[Script Info]\nScriptType: v4.00\n\n[V4 Styles]\n"
-        "Format: Name, Fontname, Fontsize, PrimaryColour, SecondaryColour, TertiaryColour, BackColour, "
-        "Bold, Italic, BorderStyle, Outline, Shadow, Alignment, MarginL, MarginR, MarginV, AlphaLevel, "
-        "Encoding\n"
-        "Style: Default,Arial,28,16777215,65535,0,0,0,0,1,2,1,2,20,20,20,0,0\n\n[Events]\n"
-        "Format: Marked, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text\n"
-        "Dialogue: Marked=0,0:00:01.00,0:00:02.00,Default,,0000,0000,0000,,One\n"
-        "Dialogue: Marked=0,0:00:03.00,0:00:04.00,Default,,0000,0000,0000,,Two\n"
-        "Dialogue: Marked=0,0:00:05.00,0:00:06.00,Default,,0000,0000,0000,,Three\n"
-        "Sound: Marked=0,0:00:06.50,0:00:07.00,Default,,0000,0000,0000,,bell.wav\n"
-        "Dialogue: Marked=0,0:00:07.00,0:00:08.00,Default,,0000,0000,0000,,Four";
+    const std::string script = substationScript("");
     // The original: "Four" is not stored, and "Three", left last, is never answered.
     const std::vector<QString> before =
         askLibrary(dir.write("unended.ssa", script), {{3500, "Two"}, {5500, QString()}, {7500, QString()}});

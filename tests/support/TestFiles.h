@@ -47,6 +47,11 @@ std::string withMark(const std::string& bytes);
 // bytes were below 0x80.
 std::string withUtf8Characters(const std::string& bytes, std::mt19937& random, unsigned oneIn);
 
+// An SSA script as SubStation Alpha wrote it (ScriptType v4.00, Marked fields, a
+// Sound line among the Dialogue lines), its four Dialogue lines One (1-2 s), Two
+// (3-4 s), Three (5-6 s) and Four (7-8 s); ending follows the last one.
+std::string substationScript(const std::string& ending);
+
 // Number of file descriptors the process holds open.
 int openDescriptorCount();
 

@@ -218,28 +218,10 @@ TEST(ZemsubLint, LastDialogueLineIsNeverAnswered)
     EXPECT_EQ(causesOf(result, 2), QStringList{"last-entry"});
 }
 
-// An SSA script as SubStation Alpha wrote it: Marked fields and a Sound line among
-// the Dialogue lines; ending follows the last Dialogue line.
-std::string ssaScript(const std::string& ending)
-{
-    return "[Script Info]\nScriptType: v4.00\n\n[V4 Styles]\n"
-           "Format: Name, Fontname, Fontsize, PrimaryColour, SecondaryColour, TertiaryColour, BackColour, "
-           "Bold, Italic, BorderStyle, Outline, Shadow, Alignment, MarginL, MarginR, MarginV, AlphaLevel, "
-           "Encoding\n"
-           "Style: Default,Arial,28,16777215,65535,0,0,0,0,1,2,1,2,20,20,20,0,0\n\n[Events]\n"
-           "Format: Marked, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text\n"
-           "Dialogue: Marked=0,0:00:01.00,0:00:02.00,Default,,0000,0000,0000,,One\n"
-           "Dialogue: Marked=0,0:00:03.00,0:00:04.00,Default,,0000,0000,0000,,Two\n"
-           "Dialogue: Marked=0,0:00:05.00,0:00:06.00,Default,,0000,0000,0000,,Three\n"
-           "Sound: Marked=0,0:00:06.50,0:00:07.00,Default,,0000,0000,0000,,bell.wav\n"
-           "Dialogue: Marked=0,0:00:07.00,0:00:08.00,Default,,0000,0000,0000,,Four" +
-           ending;
-}
-
 TEST(ZemsubLint, LastLineWithoutALineFeedIsNotStoredAndLeavesTheOneBeforeLast)
 {
     static TempDir dir;
-    const QString path = qs(dir.write("unended.ssa", ssaScript("")));
+    const QString path = qs(dir.write("unended.ssa", substationScript("")));
     const RunResult dump = runZemsub({"dump", "--json", path});
     ASSERT_EQ(dump.exitCode, 0) << dump.err.toStdString();
     EXPECT_EQ(nlohmann::json::parse(dump.out.toStdString())["entries"].size(), 3u);
@@ -254,12 +236,12 @@ TEST(ZemsubLint, LastLineWithoutALineFeedIsNotStoredAndLeavesTheOneBeforeLast)
     EXPECT_NE(text.find("does not end in a line feed"), std::string::npos) << text;
 
     // With its line feed the last Dialogue line is stored, and only it goes unanswered.
-    const Lint ended = lintText("ended.ssa", ssaScript("\n"));
+    const Lint ended = lintText("ended.ssa", substationScript("\n"));
     EXPECT_EQ(flaggedCaptions(ended), (std::vector<int>{4}));
     EXPECT_EQ(causesOf(ended, 4), QStringList{"last-entry"});
     // A last line without a line feed that is no Dialogue line costs no caption.
     const Lint commentLast = lintText(
-        "comment-last.ssa", ssaScript("\nComment: Marked=0,0:00:09.00,0:00:10.00,Default,,0,0,0,,x"));
+        "comment-last.ssa", substationScript("\nComment: Marked=0,0:00:09.00,0:00:10.00,Default,,0,0,0,,x"));
     EXPECT_EQ(flaggedCaptions(commentLast), (std::vector<int>{4}));
     EXPECT_EQ(causesOf(commentLast, 4), QStringList{"last-entry"});
 }

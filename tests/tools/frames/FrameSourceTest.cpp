@@ -19,13 +19,13 @@ TEST(ZemsubFrameSource, TheLibraryPlaysTheFileAndItsCaptionsAreTheStoredOnes)
     std::unique_ptr<FrameSource> frames = libraryFrames(std::move(player), timeline);
     EXPECT_EQ(frames->frameSize(), QSize(480, 360));
     const std::vector<SourceCaption> captions = frames->captions();
-    ASSERT_FALSE(captions.empty());
+    // film.srt: twelve captions, the last from 35.6 s to 38 s; a tile at each caption's middle.
+    ASSERT_EQ(captions.size(), 12u);
     for (size_t i = 1; i < captions.size(); ++i)
         EXPECT_LE(captions[i - 1].time, captions[i].time);
-    long long last = 0;
-    for (const StoredEntry& entry : timeline.entries)
-        last = std::max(last, entry.end);
-    EXPECT_EQ(frames->lastTime(), last);
+    EXPECT_EQ(captions.back().number, 12);
+    EXPECT_EQ(captions.back().time, 36800);
+    EXPECT_EQ(frames->lastTime(), 38000);
     const SourceFrame shown = frames->frameAt(captions.front().time);
     EXPECT_TRUE(shown.shown);
     EXPECT_TRUE(shown.described.startsWith(QStringLiteral("record x="))) << shown.described.toStdString();
@@ -39,15 +39,17 @@ TEST(ZemsubFrameSource, APictureTrackIsShownOnItsOwnFrame)
 {
     OpenedPictures opened = TrackPictures::open(sample("tracks.mkv"), 2);
     ASSERT_TRUE(opened.pictures) << opened.failure.toStdString();
-    const std::vector<ShownPicture> pictures = opened.pictures->pictures();
     std::unique_ptr<FrameSource> frames = trackFrames(std::move(*opened.pictures), RenderStyle());
     EXPECT_EQ(frames->frameSize(), QSize(720, 480)); // the track's frame, not the default size
-    ASSERT_EQ(frames->captions().size(), pictures.size());
+    // tracks.mkv's DVD track: three pictures, at 1 s, 4 s and 7.5 s; the last, which
+    // nothing clears, stays past its start.
+    ASSERT_EQ(frames->captions().size(), 3u);
     EXPECT_EQ(frames->captions().front().number, 1);
-    EXPECT_EQ(frames->captions().front().time, pictures.front().start);
-    EXPECT_EQ(frames->lastTime(), pictures.back().end);
+    EXPECT_EQ(frames->captions().front().time, 1000);
+    EXPECT_EQ(frames->captions().back().time, 7500);
+    EXPECT_GT(frames->lastTime(), 7500);
     ASSERT_TRUE(frames->trackPictures());
-    const SourceFrame frame = frames->frameAt(pictures.front().start);
+    const SourceFrame frame = frames->frameAt(1000);
     EXPECT_TRUE(frame.shown);
     EXPECT_TRUE(frame.described.startsWith(QStringLiteral("track 2 ("))) << frame.described.toStdString();
 }
@@ -57,16 +59,18 @@ TEST(ZemsubFrameSource, AnIndexIsShownThroughTheIndexReader)
     QString why;
     std::unique_ptr<IndexPictures> pictures = IndexPictures::open(sample("vobsub.idx"), &why);
     ASSERT_TRUE(pictures) << why.toStdString();
-    const std::vector<IndexEntry> entries = pictures->entries();
     RenderStyle style;
     style.size = QSize(360, 240);
     style.sizeGiven = true;
     std::unique_ptr<FrameSource> frames = indexFrames(std::move(pictures), style);
     EXPECT_EQ(frames->frameSize(), QSize(360, 240)); // a size given wins
-    EXPECT_EQ(frames->captions().size(), entries.size());
+    // vobsub.idx: timestamps at 1 s, 4 s and 7.5 s.
+    ASSERT_EQ(frames->captions().size(), 3u);
+    EXPECT_EQ(frames->captions()[1].time, 4000);
+    EXPECT_EQ(frames->lastTime(), 7500);
     EXPECT_TRUE(frames->warnsOfProblems());
     EXPECT_FALSE(frames->trackPictures());
-    const SourceFrame frame = frames->frameAt(entries.front().time);
+    const SourceFrame frame = frames->frameAt(1000);
     EXPECT_TRUE(frame.shown);
     EXPECT_TRUE(frame.described.startsWith(QStringLiteral("picture x="))) << frame.described.toStdString();
 }
