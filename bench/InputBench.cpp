@@ -15,11 +15,6 @@
 
 namespace {
 
-QString ffmpegBinary()
-{
-    return QStringLiteral("ffmpeg");
-}
-
 bool run(const QString& program, const QStringList& args)
 {
     QProcess process;
@@ -57,7 +52,7 @@ BenchVideo& benchVideo()
             return made;
         file.close();
         const QString path = made.dir.filePath(QStringLiteral("video.mkv"));
-        if (run(ffmpegBinary(),
+        if (run(QStringLiteral("ffmpeg"),
                 {"-v", "error", "-f", "lavfi", "-i", "testsrc2=size=1280x720:rate=25:duration=50,noise=alls=60:allf=t",
                  "-i", srt, "-i", srt,
                  "-i", QStringLiteral(ZEMSUB_SOURCE_DIR "/samples/words.sup"), "-map", "0", "-map", "1", "-map", "2",
@@ -97,7 +92,7 @@ void BM_Input_FfmpegExtractsTheTrack(benchmark::State& state)
     }
     const QString out = video.dir.filePath(QStringLiteral("extracted.srt"));
     for (auto _ : state) {
-        if (!run(ffmpegBinary(), {"-v", "error", "-y", "-i", video.path, "-map", "0:s:1", "-c", "copy", out}))
+        if (!run(QStringLiteral("ffmpeg"), {"-v", "error", "-y", "-i", video.path, "-map", "0:s:1", "-c", "copy", out}))
             state.SkipWithError("ffmpeg did not extract the track");
     }
 }

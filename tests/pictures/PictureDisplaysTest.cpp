@@ -102,8 +102,9 @@ TEST(PictureDisplays, ASubpictureStartingBeforeThePreviousStopsReplacesIt)
         SCOPED_TRACE(i);
         EXPECT_EQ(read.captions[i].text, captions[i].text);
         EXPECT_EQ(read.captions[i].start, captions[i].start);
-        if (i + 1 < 3)
+        if (i + 1 < 3) {
             EXPECT_EQ(read.captions[i].end, captions[i + 1].start);
+        }
     }
     EXPECT_EQ(read.captions[2].end, dvdEnd(captions[2].start, captions[2].duration));
 }
@@ -262,8 +263,8 @@ QImage marks(bool bar)
 TEST(PictureDisplays, GraphicsBetweenCaptionsAreLeftOutAndListed)
 {
     std::vector<PgsPicture> pictures = bluray(threeCaptions());
-    PgsPicture dots{2000, 3200, QPoint(900, 1000), marks(false)};
-    PgsPicture bar{5100, 5900, QPoint(800, 1000), marks(true)};
+    PgsPicture dots{2000, 3200, QPoint(900, 1000), marks(false), {}};
+    PgsPicture bar{5100, 5900, QPoint(800, 1000), marks(true), {}};
     pictures[0].end = 2000;
     pictures[1].end = 5100;
     pictures.insert(pictures.begin() + 1, dots);

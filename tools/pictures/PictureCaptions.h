@@ -3,7 +3,6 @@
 
 #include "DisplayRule.h"
 #include "reading/DemuxedInput.h"
-#include "reading/MediaInput.h"
 
 #include <QByteArray>
 #include <QImage>

@@ -1,5 +1,6 @@
 #include "DemuxedInput.h"
 
+#include "MemoryInput.h"
 #include "QuietFfmpeg.h"
 #include "StreamDecoder.h"
 

@@ -2,7 +2,6 @@
 #define ZEMSUB_READING_DEMUXEDINPUT_H
 
 #include "MediaInput.h"
-#include "MemoryInput.h"
 
 #include <QByteArray>
 #include <QString>
@@ -11,6 +10,8 @@
 struct AVFormatContext;
 
 namespace zemsub::tool {
+
+class MemoryInput;
 
 // FFmpeg's words for an error code.
 QString ffmpegError(int code);

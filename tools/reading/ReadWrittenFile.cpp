@@ -75,7 +75,8 @@ void joinEvents(const SubtitleEvents& events, const std::vector<WrittenBlock>& s
         file.blocks[size_t(i)].index = i + 1;
 }
 
-WrittenFile readUtf8Track(DemuxedInput& input, int track)
+// A track of a video: FFmpeg's events alone, its text as FFmpeg hands it over (UTF-8).
+WrittenFile readTrackEvents(DemuxedInput& input, int track)
 {
     WrittenFile file;
     file.encoding = QStringLiteral("UTF-8");
@@ -166,8 +167,7 @@ WrittenFile readWrittenTrack(const MediaInput& input, DemuxedInput& demuxed, con
     }
     if (tracks.textFile)
         return readPlainFile(input.wholeBytes(), input.fileName(), forcedEncoding, track, &demuxed);
-    // A text track of a video: its events alone.
-    return readUtf8Track(demuxed, track);
+    return readTrackEvents(demuxed, track);
 }
 
 } // namespace zemsub::tool

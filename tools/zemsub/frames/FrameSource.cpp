@@ -8,6 +8,16 @@ namespace zemsub::tool {
 
 namespace {
 
+// A decoded picture laid on the background, positioned on the frame it belongs to.
+SourceFrame pictureFrame(const QImage& background, const DecodedSubpicture& shown, QSize pictureFrame)
+{
+    SourceFrame frame;
+    frame.image = frameWithSubpicture(background, shown, pictureFrame);
+    frame.problem = subpictureProblem(shown, pictureFrame);
+    frame.shown = shown.decoded && frame.problem.isEmpty();
+    return frame;
+}
+
 class LibraryFrames : public FrameSource
 {
 public:
@@ -110,10 +120,7 @@ public:
         const IndexPicture answer = m_pictures->at(ms);
         const QSize indexFrame = m_pictures->frameSize();
         const DecodedSubpicture& shown = answer.subpicture;
-        SourceFrame frame;
-        frame.image = frameWithSubpicture(m_background, shown, indexFrame);
-        frame.problem = subpictureProblem(shown, indexFrame);
-        frame.shown = shown.decoded && frame.problem.isEmpty();
+        SourceFrame frame = pictureFrame(m_background, shown, indexFrame);
         frame.described = QStringLiteral("picture ") + describeSubpicture(shown, indexFrame);
         frame.tileNote = shown.decoded ? QStringLiteral("  %1x%2 at %3,%4")
                                              .arg(shown.shown.image.width())
@@ -170,10 +177,7 @@ public:
     {
         const DecodedSubpicture shown = m_pictures.at(ms);
         const QSize trackFrame = m_pictures.frameSize();
-        SourceFrame frame;
-        frame.image = frameWithSubpicture(m_background, shown, trackFrame);
-        frame.problem = subpictureProblem(shown, trackFrame);
-        frame.shown = shown.decoded && frame.problem.isEmpty();
+        SourceFrame frame = pictureFrame(m_background, shown, trackFrame);
         frame.described = QStringLiteral("track %1 (%2, %3x%4)\tpicture %5")
                               .arg(m_pictures.track())
                               .arg(m_pictures.codec())
