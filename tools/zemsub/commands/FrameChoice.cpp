@@ -8,7 +8,8 @@ namespace zemsub::tool {
 std::unique_ptr<FrameSource> openFrames(const FileFacts& facts, int track, const RenderStyle& style,
                                         const QString& command, bool pictureText, bool withCaptions)
 {
-    const bool opened = sessionOrExit(facts.path).formatCode() != CodeNone;
+    const int formatCode = sessionOrExit(facts.path).formatCode();
+    const bool opened = formatCode != CodeNone;
     if (isIndexPath(facts) && !opened && track < 0 && !pictureText) {
         QString why;
         std::unique_ptr<IndexPictures> pictures = IndexPictures::open(facts.path, &why);
@@ -33,7 +34,7 @@ std::unique_ptr<FrameSource> openFrames(const FileFacts& facts, int track, const
         fileError(facts.path, why);
     std::optional<StoredTimeline> timeline;
     if (withCaptions)
-        timeline = timelineOrExit(facts.path, sessionOrExit(facts.path).formatCode());
+        timeline = timelineOrExit(facts.path, formatCode);
     return libraryFrames(std::move(player), std::move(timeline));
 }
 
