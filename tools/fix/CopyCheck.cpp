@@ -1,10 +1,8 @@
 #include "CopyCheck.h"
 
 #include "CaptionLines.h"
-#include "manager/xcSubtitleManager.h"
-#include "playback/CaptionImageModel.h"
-
-#include <QFile>
+#include "playback/CaptionProbes.h"
+#include "playback/LibraryView.h"
 
 #include <algorithm>
 
@@ -12,11 +10,9 @@ namespace zemsubfix {
 
 namespace {
 
-struct Question
-{
-    long long time = 0;
-    int caption = -1; // -1: a gap
-};
+using zemsub::tool::ProbeKind;
+using zemsub::tool::ProbeTime;
+using zemsub::tool::TimeSpan;
 
 QString drawn(const QString& answer)
 {
@@ -24,18 +20,6 @@ QString drawn(const QString& answer)
     if (text.startsWith(QLatin1Char('\n')))
         text.remove(0, 1);
     return withoutMarks(text);
-}
-
-bool sameLines(const QString& shown, const QStringList& expected)
-{
-    const QStringList lines = shown.split(QLatin1Char('\n'));
-    if (lines.size() != expected.size())
-        return false;
-    for (int i = 0; i < int(lines.size()); ++i) {
-        if (lines[i].trimmed() != expected[i].trimmed())
-            return false;
-    }
-    return true;
 }
 
 // The stretch on screen at time, or null.
@@ -57,56 +41,42 @@ CopyCheck checkCopy(const QString& path, const std::vector<SourceCaption>& capti
     CopyCheck check;
     check.captionShown.assign(captions.size(), true);
 
-    std::vector<Question> questions;
-    for (int i = 0; i < int(captions.size()); ++i) {
-        const SourceCaption& caption = captions[size_t(i)];
-        if (caption.end <= caption.start || shownLines(caption.text).isEmpty())
-            continue;
-        const long long last = caption.end - 1;
-        questions.push_back({caption.start, i});
-        questions.push_back({caption.start + (last - caption.start) / 2, i});
-        questions.push_back({last, i});
+    std::vector<TimeSpan> spans;
+    std::vector<bool> shows;
+    for (const SourceCaption& caption : captions) {
+        spans.push_back({caption.start, caption.end});
+        shows.push_back(!shownLines(caption.text).isEmpty());
     }
-    for (size_t s = 0; s + 1 < stretches.size(); ++s) {
-        const long long from = stretches[s].end;
-        const long long to = stretches[s + 1].start;
-        if (from >= to)
+    std::vector<TimeSpan> screen;
+    for (const Stretch& stretch : stretches)
+        screen.push_back({stretch.start, stretch.end});
+    const std::vector<ProbeTime> probes = zemsub::tool::planProbes(spans, shows, screen);
+
+    zemsub::tool::ManagerSession session(path);
+    check.opened = session.opened();
+    const std::vector<zemsub::tool::ProbeAnswer> answers = zemsub::tool::askInOrder(
+        probes, [&session](long long ms) { return session.opened() ? session.textAt(ms) : QString(); });
+
+    for (size_t p = 0; p < probes.size(); ++p) {
+        const ProbeTime& probe = probes[p];
+        // Only a copy whose ends are exact to the millisecond promises nothing right after them.
+        if (probe.kind == ProbeKind::GapStart && !exactEnds)
             continue;
-        if (exactEnds)
-            questions.push_back({from, -1});
-        questions.push_back({from + (to - from) / 2, -1});
-    }
-    std::stable_sort(questions.begin(), questions.end(),
-                     [](const Question& a, const Question& b) { return a.time < b.time; });
-
-    xcSubtitleManager manager;
-    check.opened = manager.Open(QFile::encodeName(path).constData()) && manager.IsOpen();
-
-    zemsub::tool::CaptionImageModel image;
-    for (const Question& question : questions) {
-        QString answer;
-        if (check.opened) {
-            if (manager.IsWide()) {
-                const wchar_t* text = manager.GetSubTitleU(question.time);
-                answer = text ? QString::fromWCharArray(text) : QString();
-            } else {
-                const char* text = manager.GetSubTitle(question.time);
-                answer = text ? QString::fromLocal8Bit(text) : QString();
-            }
-        }
-        const QString shown = image.show(answer);
-        const Stretch* expected = stretchAt(stretches, question.time);
-        const bool right =
-            expected ? !shown.isNull() && sameLines(drawn(shown), expected->lines) : shown.isNull();
+        const QString& shown = answers[p].drawn;
+        const Stretch* expected = stretchAt(stretches, probe.time);
+        const bool right = expected ? !shown.isNull() &&
+                                          zemsub::tool::sameCaption(drawn(shown),
+                                                                    expected->lines.join(QLatin1Char('\n')))
+                                    : shown.isNull();
         if (right)
             continue;
-        if (question.caption < 0) {
-            check.shownInGaps.push_back(question.time);
+        if (probe.caption < 0) {
+            check.shownInGaps.push_back(probe.time);
             continue;
         }
-        check.captionShown[size_t(question.caption)] = false;
-        if (question.time == 0)
-            check.missedAtZero.push_back(question.caption);
+        check.captionShown[size_t(probe.caption)] = false;
+        if (probe.time == 0)
+            check.missedAtZero.push_back(probe.caption);
     }
     return check;
 }

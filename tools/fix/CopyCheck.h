@@ -18,10 +18,11 @@ struct CopyCheck
     std::vector<long long> shownInGaps; // times where the copy shows a caption but none is written
 };
 
-// Opens the copy at path with the library's subtitle manager and asks it, in
-// time order, at every caption's start, middle and last millisecond and in
-// every gap. What it answers goes through the caption image's render cache: a
-// text equal to the last one drawn is not drawn again after a gap.
+// Opens the copy at path with the library's subtitle manager and asks it at the
+// captions' and the gaps' probes, the same that lint asks (planProbes), in time
+// order through the caption image's render cache. Each answer is held against
+// the stretch on screen at its time; the first millisecond after a stretch
+// counts only when the copy's ends are exact.
 CopyCheck checkCopy(const QString& path, const std::vector<SourceCaption>& captions,
                     const std::vector<Stretch>& stretches, bool exactEnds);
 

@@ -566,6 +566,37 @@ TEST(ZemsubLint, SameTextAfterAGapIsNotDrawnAgain)
     EXPECT_TRUE(probe["shown"].is_null());
 }
 
+TEST(ZemsubLint, SameTextAfterAGapShorterThanAFrameIsNotDrawnAgainEither)
+{
+    // A frame may land in any gap; one that does clears the image.
+    const Lint result = lintText("repeat-10ms.srt", block(1, "00:00:01,000 --> 00:00:02,000", "Same") +
+                                                        block(2, "00:00:02,010 --> 00:00:03,000", "Same") +
+                                                        block(3, "00:00:05,000 --> 00:00:06,000", "Three") +
+                                                        block(4, "00:00:07,000 --> 00:00:08,000", "Four"));
+    EXPECT_EQ(causesOf(result, 2), QStringList{"repeat-after-gap"});
+}
+
+TEST(ZemsubLint, ScriptCaptionAtTimeZeroMissesThePlayersFirstFrame)
+{
+    const Lint result = lintText("zero.ass", script("Zero", kScriptHead, "0:00:00.00"));
+    EXPECT_EQ(flaggedCaptions(result), std::vector<int>{1});
+    EXPECT_EQ(causesOf(result, 1), QStringList{"time-zero"});
+    const nlohmann::json& probes = result.report["findings"][0]["probes"];
+    ASSERT_EQ(probes.size(), 3u);
+    EXPECT_EQ(probes[0]["kind"], "start");
+    EXPECT_EQ(probes[0]["time"], 0);
+    EXPECT_TRUE(probes[0]["answer"].is_null());
+    // From the next millisecond on it shows.
+    EXPECT_EQ(probes[1]["shown"], "Zero");
+    EXPECT_EQ(probes[2]["shown"], "Zero");
+}
+
+TEST(ZemsubLint, SubRipCaptionAtTimeZeroIsShownThere)
+{
+    const Lint result = lintText("zero.srt", subRip("Zero", "00:00:00,000 --> 00:00:01,000"));
+    EXPECT_EQ(flaggedCaptions(result), std::vector<int>{3}); // the last entry alone
+}
+
 TEST(ZemsubLint, LatinOneTextIsDecodedWithTheLocalCodec)
 {
     const Lint result = lintText("latin1.srt", subRip("caf\xE9"));

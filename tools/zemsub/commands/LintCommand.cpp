@@ -93,10 +93,7 @@ LibrarySide readLibrarySide(const QString& path, const ManagerSession& session)
 // Asks the library at each caption's start, middle and end and in each gap, as a player's frames would.
 std::vector<Probe> probeLibrary(const WrittenFile& written, ManagerSession& session)
 {
-    std::vector<Probe> probes = planProbes(written);
-    runProbes(probes, [&session](long long ms) { return session.opened() ? session.textAt(ms) : QString(); });
-    judgeProbes(probes, written);
-    return probes;
+    return probeBlocks(written, [&session](long long ms) { return session.opened() ? session.textAt(ms) : QString(); });
 }
 
 } // namespace

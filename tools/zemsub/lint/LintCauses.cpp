@@ -50,6 +50,14 @@ bool cacheHidAnswer(const WrittenBlock& block, int blockIndex, const std::vector
     return false;
 }
 
+// The block was asked at 0 and the library answered nothing there.
+bool unansweredAtZero(int blockIndex, const std::vector<Probe>& probes)
+{
+    return std::any_of(probes.begin(), probes.end(), [blockIndex](const Probe& probe) {
+        return probe.block == blockIndex && probe.time == 0 && probe.answer.isEmpty();
+    });
+}
+
 // SubRip ------------------------------------------------------------------
 
 bool arrowWithoutBlank(const QString& timeLine)
@@ -291,6 +299,8 @@ std::vector<CauseId> explainBlock(const WrittenFile& file, int blockIndex, const
     else if (file.kind == WrittenKind::Other)
         causes.push_back(CauseId::OtherFormat);
 
+    if (library.formatCode == CodeScript && unansweredAtZero(blockIndex, probes))
+        causes.push_back(CauseId::TimeZero);
     if (outsideReaderTimes(block))
         causes.push_back(CauseId::TimeRange);
     if (overlapsEarlier(file, block))

@@ -1,6 +1,7 @@
 #ifndef ZEMSUB_TOOL_LINTPROBE_H
 #define ZEMSUB_TOOL_LINTPROBE_H
 
+#include "playback/CaptionProbes.h"
 #include "reading/WrittenFile.h"
 
 #include <QString>
@@ -9,16 +10,7 @@
 
 namespace zemsub::tool {
 
-enum class ProbeKind {
-    Start,
-    Middle,
-    End,
-    Gap,
-};
-
-QString probeKindName(ProbeKind kind);
-
-// One question to the library: what shows at this time.
+// One question to the library about the file: what shows at this time.
 struct Probe
 {
     long long time = 0;
@@ -29,22 +21,10 @@ struct Probe
     bool asWritten = false; // drawn matches the block's text
 };
 
-// A player's frame lands in every gap of at least this many milliseconds.
-constexpr long long kGapFrame = 40;
-
-// The probes for every block (its first, middle and last millisecond on screen)
-// and for every gap between captions, in time order.
-std::vector<Probe> planProbes(const WrittenFile& file);
-
-// Asks each probe in time order, then follows the caption image's render cache:
-// an equal text after a cleared image is not drawn again.
-void runProbes(std::vector<Probe>& probes, const std::function<QString(long long)>& ask);
-
-// Marks each block probe that shows the block as written.
-void judgeProbes(std::vector<Probe>& probes, const WrittenFile& file);
-
-// Two captions show the same when their lines match, blanks at either end of a line aside.
-bool sameCaption(const QString& drawn, const QString& written);
+// Asks at the probes of every block with text and of every gap between them
+// (planProbes), in time order, and marks each block probe whose drawn text is
+// the block's as written.
+std::vector<Probe> probeBlocks(const WrittenFile& file, const std::function<QString(long long)>& ask);
 
 } // namespace zemsub::tool
 
