@@ -75,3 +75,26 @@ TEST(ZemsubToolLayers, OnlyTheCommandsTurnAFailureIntoAnExit)
     }
     EXPECT_GT(files, 80);
 }
+
+TEST(ZemsubToolLayers, OnlyTheReadingOpensAnInputAndChoosesItsTrack)
+{
+    // Opening and demuxing, listing the tracks and taking one: reading/TrackInput.h for all.
+    static const QRegularExpression ways(QStringLiteral(
+        "\\b(avformat_open_input|av_find_best_stream|describeTracks|chooseTrack)\\s*\\(|"
+        "\\bDemuxedInput\\s+\\w+\\s*\\(|make_unique<DemuxedInput>"));
+    int files = 0;
+    QDirIterator it(QStringLiteral(ZEMSUB_SOURCE_DIR "/tools"), {QStringLiteral("*.h"), QStringLiteral("*.cpp")},
+                    QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QString path = it.next();
+        if (path.contains(QStringLiteral("/tools/reading/")))
+            continue;
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        ++files;
+        const QRegularExpressionMatch found = ways.match(QString::fromUtf8(file.readAll()));
+        EXPECT_FALSE(found.hasMatch()) << path.toStdString() << " opens an input or takes a track itself: "
+                                       << found.captured(0).toStdString();
+    }
+    EXPECT_GT(files, 80);
+}

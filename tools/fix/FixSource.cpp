@@ -5,7 +5,7 @@
 #include "reading/EventText.h"
 #include "reading/StyledText.h"
 #include "reading/ReadWrittenFile.h"
-#include "reading/TrackChoice.h"
+#include "reading/TrackInput.h"
 
 #include <QRegularExpression>
 
@@ -132,20 +132,23 @@ SourceFile readSource(const zemsub::tool::MediaInput& input, const QString& forc
     using namespace zemsub::tool;
     SourceFile source;
     // One open: the tracks from the header, then the chosen one read from the same demuxer.
-    DemuxedInput demuxed(input);
-    const TrackList tracks = describeTracks(demuxed);
-    if (!tracks.read) {
+    const TrackInput opened = openTrack(input, TrackRequest{track, language, false});
+    const TrackList& tracks = opened.tracks;
+    const TrackChoice& choice = opened.choice;
+    switch (opened.step) {
+    case TrackInput::Step::Unread:
         source.error = tracks.failure;
         return source;
-    }
-    const TrackChoice choice = chooseTrack(tracks.tracks, track, language);
-    if (!choice.chosen) {
-        source.error =
-            tracks.tracks.empty()
-                ? QStringLiteral("FFmpeg finds no subtitle track in it (read as %1)").arg(tracks.formatTitle)
-                : choice.error;
+    case TrackInput::Step::NoTracks:
+        source.error = QStringLiteral("FFmpeg finds no subtitle track in it (read as %1)").arg(tracks.formatTitle);
         return source;
+    case TrackInput::Step::NotChosen:
+        source.error = choice.error;
+        return source;
+    case TrackInput::Step::Chosen:
+        break;
     }
+    DemuxedInput& demuxed = *opened.demuxed;
     source.track = choice.index;
     source.trackReason = choice.why;
     source.trackSummary = describeChoice(tracks.tracks[size_t(choice.index)], choice);

@@ -1,6 +1,7 @@
 #include "PictureCaptions.h"
 
 #include "reading/DemuxedInput.h"
+#include "reading/TrackInput.h"
 #include "reading/PlayerClock.h"
 #include "reading/StreamDecoder.h"
 
@@ -149,8 +150,13 @@ QImage rectPicture(const AVSubtitleRect& rect)
 
 PictureCaptions readPictureCaptions(const QByteArray& bytes, const QString& fileName, int track)
 {
-    DemuxedInput input(MediaInput(bytes, fileName));
-    return readPictureCaptions(input, track);
+    const TrackInput input = openTrack(MediaInput(bytes, fileName), TrackRequest{track, QString(), true});
+    if (!input.chosen()) {
+        PictureCaptions refused;
+        refused.failure = chosenTrackFailure(input);
+        return refused;
+    }
+    return readPictureCaptions(*input.demuxed, input.choice.index);
 }
 
 PictureCaptions readPictureCaptions(DemuxedInput& input, int track)
@@ -161,8 +167,7 @@ PictureCaptions readPictureCaptions(DemuxedInput& input, int track)
         result.failure = input.failure();
         return result;
     }
-    const int stream = track < 0 ? av_find_best_stream(format, AVMEDIA_TYPE_SUBTITLE, -1, -1, nullptr, 0)
-                                 : subtitleStreamIndex(format, track);
+    const int stream = subtitleStreamIndex(format, track);
     if (stream < 0) {
         result.failure = QStringLiteral("FFmpeg finds no subtitle stream in it (read as %1)").arg(input.formatTitle());
         return result;

@@ -47,12 +47,13 @@ struct PictureCaptions
 QImage rectPicture(const AVSubtitleRect& rect);
 
 // Decodes the track-th subtitle stream of bytes (fileName gives the extension
-// FFmpeg's probing weighs; track < 0: the best one) with FFmpeg's picture
+// FFmpeg's probing weighs; track < 0: the picture track players take) with FFmpeg's picture
 // decoders and shows its displays by displaySpans (DisplayRule.h). A track
 // whose pictures hold more than 2^30 pixels is refused (damaged data; a film's
 // captions hold a few hundred million at most).
 PictureCaptions readPictureCaptions(const QByteArray& bytes, const QString& fileName, int track);
-// The same from an input already opened, whose packets are not read yet (it reads them).
+// The same for the track-th subtitle stream (>= 0) of an input already opened,
+// whose packets are not read yet (it reads them).
 PictureCaptions readPictureCaptions(DemuxedInput& input, int track);
 
 } // namespace zemsub::tool

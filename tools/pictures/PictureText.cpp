@@ -3,6 +3,7 @@
 #include "OcrCorrections.h"
 #include "OcrLanguage.h"
 #include "TextReader.h"
+#include "reading/TrackInput.h"
 
 #include <QCryptographicHash>
 #include <QHash>
@@ -169,8 +170,13 @@ PictureText readPictures(const std::vector<ShownPicture>& pictures, const QStrin
 PictureText readPictureText(const QByteArray& bytes, const QString& fileName, int track, const QString& language,
                             const ReadingProgress& progress, std::vector<ShownPicture>* pictures)
 {
-    DemuxedInput input(MediaInput(bytes, fileName));
-    return readPictureText(input, track, language, progress, pictures);
+    const TrackInput input = openTrack(MediaInput(bytes, fileName), TrackRequest{track, QString(), true});
+    if (!input.chosen()) {
+        PictureText refused;
+        refused.failure = chosenTrackFailure(input);
+        return refused;
+    }
+    return readPictureText(*input.demuxed, input.choice.index, language, progress, pictures);
 }
 
 PictureText readPictureText(DemuxedInput& input, int track, const QString& language,

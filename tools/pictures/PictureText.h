@@ -62,7 +62,8 @@ constexpr int kLowConfidence = 70;
 // threads one at a time, at most every tenth of a second and once at the end.
 using ReadingProgress = std::function<void(int done, int total)>;
 
-// Reads the track-th subtitle track of bytes (FFmpeg decodes its pictures) as
+// Reads the track-th subtitle track of bytes (track < 0: the picture track
+// players take; FFmpeg decodes its pictures) as
 // text with Tesseract in language (a Tesseract name, see OcrLanguage.h), one
 // engine per core.
 // The decoded pictures are handed to *pictures when given (captions and pictures

@@ -2,6 +2,8 @@
 
 #include "DemuxedInput.h"
 #include "StreamDecoder.h"
+#include "SubtitleTracks.h"
+#include "TrackChoice.h"
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -66,17 +68,15 @@ SubtitleEvents readSubtitleEvents(DemuxedInput& input, const QString& encoding, 
     result.format = input.formatName();
     result.formatTitle = input.formatTitle();
 
-    const AVCodec* decoder = nullptr;
-    int stream = -1;
     if (track < 0) {
-        stream = av_find_best_stream(format, AVMEDIA_TYPE_SUBTITLE, -1, -1, &decoder, 0);
-    } else {
-        stream = subtitleStreamIndex(format, track);
-        if (stream >= 0)
-            decoder = avcodec_find_decoder(format->streams[stream]->codecpar->codec_id);
+        // The track players take, as every input's track is chosen.
+        const TrackChoice choice = chooseTrack(describeTracks(input).tracks, -1, QString());
+        track = choice.chosen ? choice.index : -1;
     }
+    const int stream = track < 0 ? -1 : subtitleStreamIndex(format, track);
+    const AVCodec* decoder = stream < 0 ? nullptr : avcodec_find_decoder(format->streams[stream]->codecpar->codec_id);
     if (stream < 0 || !decoder) {
-        result.failure = stream == AVERROR_DECODER_NOT_FOUND || (stream >= 0 && !decoder)
+        result.failure = stream >= 0
                              ? QStringLiteral("FFmpeg has no decoder for its subtitles (read as %1)")
                                    .arg(result.formatTitle)
                              : QStringLiteral("FFmpeg finds no subtitle stream in it (read as %1)")

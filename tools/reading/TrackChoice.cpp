@@ -29,7 +29,8 @@ QString languageOf(const SubtitleTrack& track)
 
 } // namespace
 
-TrackChoice chooseTrack(const std::vector<SubtitleTrack>& tracks, int requested, const QString& language)
+TrackChoice chooseTrack(const std::vector<SubtitleTrack>& tracks, int requested, const QString& language,
+                        TrackKinds kinds)
 {
     const int count = int(tracks.size());
     if (count == 0)
@@ -63,15 +64,20 @@ TrackChoice chooseTrack(const std::vector<SubtitleTrack>& tracks, int requested,
         return refused(QStringLiteral("no subtitle track in %1: its tracks are %2")
                            .arg(language, languages.join(QStringLiteral(", "))));
     }
+    const bool picturesOnly = kinds == TrackKinds::Pictures;
     for (const SubtitleTrack& track : tracks) {
-        if (track.isDefault)
+        if (track.isDefault && (track.pictures || !picturesOnly))
             return taken(track.index, QStringLiteral("default"));
     }
     for (const SubtitleTrack& track : tracks) {
-        if (!track.pictures)
+        if (!track.pictures && !picturesOnly)
             return taken(track.index, QStringLiteral("first text track"));
     }
-    return taken(0, QStringLiteral("first picture track"));
+    for (const SubtitleTrack& track : tracks) {
+        if (track.pictures)
+            return taken(track.index, QStringLiteral("first picture track"));
+    }
+    return refused(QStringLiteral("it has no picture track"));
 }
 
 QString describeChoice(const SubtitleTrack& track, const TrackChoice& choice)

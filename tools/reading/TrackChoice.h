@@ -17,11 +17,19 @@ struct TrackChoice
     QString why; // "asked for", "default", "first of its language", "first text track", "first picture track"
 };
 
+// The tracks players choose among when none is named.
+enum class TrackKinds {
+    Any,
+    Pictures, // for what shows pictures alone
+};
+
 // requested >= 0 takes that track; else a non-empty language takes that
 // language's default-flagged track, then its first; else what players take:
 // the default-flagged track, then the first text track, then the first
-// picture track. Languages compare without regard to case.
-TrackChoice chooseTrack(const std::vector<SubtitleTrack>& tracks, int requested, const QString& language);
+// picture track (among Pictures: the default-flagged picture track, then the
+// first). Languages compare without regard to case.
+TrackChoice chooseTrack(const std::vector<SubtitleTrack>& tracks, int requested, const QString& language,
+                        TrackKinds kinds = TrackKinds::Any);
 
 // "track 1 (fre, default): subrip" with the title in quotes when it has one.
 QString describeChoice(const SubtitleTrack& track, const TrackChoice& choice);

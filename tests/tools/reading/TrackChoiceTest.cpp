@@ -86,6 +86,32 @@ TEST(TrackChoice, PlayersTakeTheDefaultTrackThenTheFirstTextThenTheFirstPicture)
     EXPECT_EQ(choice.index, 1);
 }
 
+TEST(TrackChoice, WherePicturesAloneWillDoPlayersTakeTheDefaultPictureTrackThenTheFirst)
+{
+    using zemsub::tool::TrackKinds;
+    // A default text track does not count; the default-flagged picture track does.
+    const auto flagged = numbered({track("eng", true), track("fre", false, true), track("ger", true, true)});
+    TrackChoice choice = chooseTrack(flagged, -1, QString(), TrackKinds::Pictures);
+    ASSERT_TRUE(choice.chosen);
+    EXPECT_EQ(choice.index, 2);
+    EXPECT_EQ(choice.why, QStringLiteral("default"));
+
+    const auto unflagged = numbered({track("eng", true), track("fre", false, true), track("ger", false, true)});
+    choice = chooseTrack(unflagged, -1, QString(), TrackKinds::Pictures);
+    ASSERT_TRUE(choice.chosen);
+    EXPECT_EQ(choice.index, 1);
+    EXPECT_EQ(choice.why, QStringLiteral("first picture track"));
+
+    choice = chooseTrack(numbered({track("eng"), track("fre", true)}), -1, QString(), TrackKinds::Pictures);
+    EXPECT_FALSE(choice.chosen);
+    EXPECT_EQ(choice.error, QStringLiteral("it has no picture track"));
+
+    // A track asked for is taken whatever it is; the caller sees what it holds.
+    choice = chooseTrack(unflagged, 0, QString(), TrackKinds::Pictures);
+    ASSERT_TRUE(choice.chosen);
+    EXPECT_EQ(choice.index, 0);
+}
+
 TEST(TrackChoice, NoTracksOrBothATrackAndALanguageAreRefused)
 {
     EXPECT_FALSE(chooseTrack({}, -1, QString()).chosen);

@@ -8,7 +8,7 @@
 #include "pictures/OcrLanguage.h"
 #include "pictures/PictureText.h"
 #include "reading/ReadWrittenFile.h"
-#include "reading/TrackChoice.h"
+#include "reading/TrackInput.h"
 #include "playback/LibraryView.h"
 #include "zemsub/lint/LintCauses.h"
 #include "zemsub/lint/LintFindings.h"
@@ -57,16 +57,21 @@ WrittenFile readWrittenSide(const QString& path, const QString& encoding, int tr
     if (!input)
         fileError(path, why);
     // One open: the tracks from the header, then the chosen one read from the same demuxer.
-    DemuxedInput demuxed(*input);
-    const TrackList tracks = describeTracks(demuxed);
-    if (!tracks.read)
+    const TrackInput opened = openTrack(*input, TrackRequest{track, language, false});
+    const TrackList& tracks = opened.tracks;
+    switch (opened.step) {
+    case TrackInput::Step::Unread:
         fileError(path, QStringLiteral("cannot lint: %1").arg(tracks.failure));
-    if (tracks.tracks.empty())
+    case TrackInput::Step::NoTracks:
         fileError(path, QStringLiteral("cannot lint: FFmpeg finds no subtitle stream in it (read as %1)")
                             .arg(tracks.formatTitle));
-    choice = chooseTrack(tracks.tracks, track, language);
-    if (!choice.chosen)
-        fileError(path, QStringLiteral("cannot lint: %1").arg(choice.error));
+    case TrackInput::Step::NotChosen:
+        fileError(path, QStringLiteral("cannot lint: %1").arg(opened.choice.error));
+    case TrackInput::Step::Chosen:
+        break;
+    }
+    choice = opened.choice;
+    DemuxedInput& demuxed = *opened.demuxed;
     announceTrack(describeChoice(tracks.tracks[size_t(choice.index)], choice));
     WrittenFile written = readWrittenTrack(*input, demuxed, encoding, tracks, choice.index);
     if (written.failed())

@@ -1,7 +1,7 @@
 #include "TrackPictures.h"
 
 #include "reading/MediaInput.h"
-#include "reading/SubtitleTracks.h"
+#include "reading/TrackInput.h"
 
 namespace zemsub::tool {
 
@@ -22,21 +22,20 @@ OpenedPictures TrackPictures::open(const QString& path, int track)
     if (!input)
         return none(why);
     // One open: the tracks from the header, then the chosen one decoded from the same demuxer.
-    DemuxedInput demuxed(*input);
-    const TrackList list = describeTracks(demuxed);
-    if (!list.read)
-        return none(QStringLiteral("cannot read its tracks: %1").arg(list.failure));
-    const SubtitleTrack* chosen = nullptr;
-    for (const SubtitleTrack& candidate : list.tracks) {
-        if (named ? candidate.index == track : candidate.pictures) {
-            chosen = &candidate;
-            break;
-        }
-    }
-    if (!chosen)
+    const TrackInput opened = openTrack(*input, TrackRequest{track, QString(), true});
+    switch (opened.step) {
+    case TrackInput::Step::Unread:
+        return none(QStringLiteral("cannot read its tracks: %1").arg(opened.tracks.failure));
+    case TrackInput::Step::NoTracks:
+    case TrackInput::Step::NotChosen:
         return none(QStringLiteral("it has no track %1").arg(track));
+    case TrackInput::Step::Chosen:
+        break;
+    }
+    const SubtitleTrack* chosen = &opened.track();
     if (!chosen->pictures)
         return {std::nullopt, QStringLiteral("track %1 is %2, not pictures").arg(track).arg(chosen->codec)};
+    DemuxedInput& demuxed = *opened.demuxed;
 
     TrackPictures pictures;
     pictures.m_track = chosen->index;

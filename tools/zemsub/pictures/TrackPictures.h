@@ -23,7 +23,8 @@ class TrackPictures
 {
 public:
     // The picture track of the file: track when it names one (>= 0), else the
-    // first picture track. No pictures and no failure when no track is named and
+    // one players take among its picture tracks (the default-flagged one, then
+    // the first). No pictures and no failure when no track is named and
     // FFmpeg reads no picture track in the file; a failure when the named track is
     // missing or no picture track, or its pictures cannot be decoded.
     static OpenedPictures open(const QString& path, int track);
