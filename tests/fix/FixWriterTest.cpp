@@ -407,4 +407,23 @@ TEST_F(FixWriter, CopyBeyondTheLineLimitIsReported)
     EXPECT_EQ(fixed.report.exitCode(), 3);
 }
 
+TEST_F(FixWriter, AGivenCopyThatTheWideScriptReaderThrowsOnIsNotOpened)
+{
+    const std::string original =
+        dir.write("one.ass", "[Script Info]\nScriptType: v4.00+\n\n[Events]\n"
+                             "Format: Layer, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text\n"
+                             "Dialogue: 0,0:00:01.00,0:00:02.00,Default,,0,0,0,,one\n");
+    // Behind FF FE, a PlayResX without a value: the wide script reader throws the int 1 while it opens.
+    const std::string copy = dir.write("throw.ass", "\xFF\xFE[Script Info]\nPlayResX:\n");
+    zemsubfix::FixOptions options;
+    options.format = zemsubfix::CopyFormat::Ass;
+    const zemsubfix::FixReport report =
+        zemsubfix::checkCopyFile(QString::fromStdString(original), QString::fromStdString(copy), options);
+    ASSERT_TRUE(report.readable) << report.error.toStdString();
+    EXPECT_FALSE(report.copyOpens);
+    ASSERT_EQ(report.captions.size(), 1u);
+    EXPECT_FALSE(report.captions[0].textShown);
+    EXPECT_EQ(report.exitCode(), 3);
+}
+
 } // namespace
