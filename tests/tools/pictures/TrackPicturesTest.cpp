@@ -2,6 +2,7 @@
 #ifndef ZEMSUB_TOOLS_ABSENT
 #    include "ToolRunner.h"
 #    include "support/TestFiles.h"
+#    include "support/TrackFiles.h"
 #    include "zemsub/pictures/IndexPictures.h"
 #    include "zemsub/pictures/TrackPictures.h"
 
@@ -11,13 +12,33 @@ using zemsub::tool::IndexPictures;
 using zemsub::tool::OpenedPictures;
 using zemsub::tool::TrackPictures;
 
-TEST(ZemsubTrackPictures, TheFirstPictureTrackIsTakenWhenNoneIsNamed)
+TEST(ZemsubTrackPictures, ThePictureTrackPlayersTakeIsTakenWhenNoneIsNamed)
 {
+    // The default-flagged French text track does not count: the one picture track is taken.
     const OpenedPictures opened = TrackPictures::open(sample("tracks.mkv"), -1);
     EXPECT_TRUE(opened.failure.isEmpty()) << opened.failure.toStdString();
     ASSERT_TRUE(opened.pictures);
     EXPECT_EQ(opened.pictures->track(), 2);
     EXPECT_EQ(opened.pictures->pictures().size(), 3u);
+}
+
+TEST(ZemsubTrackPictures, TheDefaultFlaggedPictureTrackIsTakenBeforeTheFirst)
+{
+    TempDir dir;
+    const QString error =
+        runFfmpeg(dir.path(), {"-i", sample("vobsub.idx"), "-i", sample("words.idx"), "-map", "0:s", "-map", "1:s",
+                               "-c:s", "copy", "-disposition:s:0", "0", "-disposition:s:1", "default",
+                               "-default_mode", "passthrough", "two.mkv"});
+    ASSERT_TRUE(error.isEmpty()) << error.toStdString();
+    const OpenedPictures opened = TrackPictures::open(qs(dir.file("two.mkv")), -1);
+    EXPECT_TRUE(opened.failure.isEmpty()) << opened.failure.toStdString();
+    ASSERT_TRUE(opened.pictures);
+    EXPECT_EQ(opened.pictures->track(), 1);
+    EXPECT_EQ(opened.pictures->pictures().size(), 8u); // words.idx's eight captions
+    // Named, the first is taken.
+    const OpenedPictures first = TrackPictures::open(qs(dir.file("two.mkv")), 0);
+    ASSERT_TRUE(first.pictures);
+    EXPECT_EQ(first.pictures->pictures().size(), 3u);
 }
 
 TEST(ZemsubTrackPictures, NoPicturesWithoutANamedTrackIsNoFailure)
