@@ -3,6 +3,7 @@
 #include "CaptionLines.h"
 #include "playback/CaptionProbes.h"
 #include "playback/LibraryView.h"
+#include "playback/TextForm.h"
 
 #include <algorithm>
 
@@ -14,12 +15,10 @@ using zemsub::tool::ProbeKind;
 using zemsub::tool::ProbeTime;
 using zemsub::tool::TimeSpan;
 
+// What the caption image shows of an answer, the copy's marks aside.
 QString drawn(const QString& answer)
 {
-    QString text = answer;
-    if (text.startsWith(QLatin1Char('\n')))
-        text.remove(0, 1);
-    return withoutMarks(text);
+    return withoutMarks(zemsub::tool::drawnText(answer));
 }
 
 // The stretch on screen at time, or null.

@@ -2,6 +2,7 @@
 #include "reading/Digits.h"
 
 #include "playback/ReaderLimits.h"
+#include "playback/TextForm.h"
 #include "TagModel.h"
 #include "reading/EventText.h"
 #include "reading/SubRipSource.h"
@@ -43,8 +44,7 @@ bool cacheHidAnswer(const WrittenBlock& block, int blockIndex, const std::vector
 {
     for (const Probe& probe : probes) {
         if (probe.block == blockIndex && probe.drawn.isNull() && !probe.answer.isEmpty() &&
-            sameCaption(probe.answer.startsWith(QLatin1Char('\n')) ? probe.answer.mid(1) : probe.answer,
-                        block.text))
+            sameCaption(drawnText(probe.answer), block.text))
             return true;
     }
     return false;
