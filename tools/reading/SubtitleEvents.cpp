@@ -2,8 +2,7 @@
 
 #include "DemuxedInput.h"
 #include "StreamDecoder.h"
-#include "SubtitleTracks.h"
-#include "TrackChoice.h"
+#include "TrackInput.h"
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -53,8 +52,9 @@ void addEvents(const AVSubtitle& subtitle, const AVPacket& packet, AVRational ti
 SubtitleEvents readSubtitleEvents(const QByteArray& bytes, const QString& fileName, const QString& encoding,
                                   int track)
 {
-    DemuxedInput input(MediaInput(bytes, fileName));
-    return readSubtitleEvents(input, encoding, track);
+    // Without a track named, the one players take, as every input's track is taken.
+    const TrackInput input = openTrack(MediaInput(bytes, fileName), TrackRequest{track, QString(), false});
+    return readSubtitleEvents(*input.demuxed, encoding, input.chosen() ? input.choice.index : track);
 }
 
 SubtitleEvents readSubtitleEvents(DemuxedInput& input, const QString& encoding, int track)
@@ -68,12 +68,7 @@ SubtitleEvents readSubtitleEvents(DemuxedInput& input, const QString& encoding, 
     result.format = input.formatName();
     result.formatTitle = input.formatTitle();
 
-    if (track < 0) {
-        // The track players take, as every input's track is chosen.
-        const TrackChoice choice = chooseTrack(describeTracks(input).tracks, -1, QString());
-        track = choice.chosen ? choice.index : -1;
-    }
-    const int stream = track < 0 ? -1 : subtitleStreamIndex(format, track);
+    const int stream = subtitleStreamIndex(format, track);
     const AVCodec* decoder = stream < 0 ? nullptr : avcodec_find_decoder(format->streams[stream]->codecpar->codec_id);
     if (stream < 0 || !decoder) {
         result.failure = stream >= 0

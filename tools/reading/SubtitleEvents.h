@@ -37,10 +37,11 @@ struct SubtitleEvents
 // Reads bytes from memory. fileName gives the extension FFmpeg's probing weighs;
 // encoding, when not empty, is handed to the decoder's text conversion (sub_charenc).
 // track is the subtitle stream to decode, counted among the subtitle streams
-// from 0; -1 takes the one FFmpeg finds best.
+// from 0; -1 takes the one players take (openTrack, TrackInput.h).
 SubtitleEvents readSubtitleEvents(const QByteArray& bytes, const QString& fileName, const QString& encoding,
                                   int track = -1);
-// The same from an input already opened, whose packets are not read yet (it reads them).
+// The same for track (>= 0) of an input already opened, whose packets are not
+// read yet (it reads them).
 SubtitleEvents readSubtitleEvents(DemuxedInput& input, const QString& encoding, int track);
 
 } // namespace zemsub::tool
