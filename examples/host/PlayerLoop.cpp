@@ -2,8 +2,6 @@
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QPainter>
-#include <QPixmap>
 
 #include <cstdio>
 
@@ -14,6 +12,7 @@ PlayerLoop::PlayerLoop(const HostOptions& options, const SubtitleLibrary& librar
 
 PlayerLoop::~PlayerLoop()
 {
+    m_frames.reset();
     if (m_subtitle) {
         m_subtitle->close();            // frees the parsed file
         m_library.destroy(&m_subtitle); // frees the object's storage
@@ -29,11 +28,15 @@ bool PlayerLoop::open()
     m_subtitle->setSubtitlePos(size.width() / 2, size.height() - size.height() / 12);
     const QByteArray path = QFile::encodeName(m_options.subtitle);
     try {
-        return m_subtitle->open(path.constData());
+        if (!m_subtitle->open(path.constData()))
+            return false;
     } catch (int) {
         // A malformed script behind FF FE: the library's reader throws the int 1.
         return false;
     }
+    m_frames = std::make_unique<zemsub::tool::LibraryFrames>(
+        *m_subtitle, size, [this](long long ms) { return m_video.frameAt(ms); });
+    return true;
 }
 
 void PlayerLoop::start()
@@ -52,27 +55,21 @@ void PlayerLoop::start()
 void PlayerLoop::tick()
 {
     const long long clock = m_options.startMs + m_clock.elapsed();
-    QImage frame = m_video.frameAt(clock);
-    SubtitleData* data = m_subtitle->getSubtitleData(clock, 0);
-    ++m_frames;
-    if (data) {
+    // One getSubtitleData call: the video frame with the caption laid over it.
+    const zemsub::tool::SourceFrame frame = m_frames->frameAt(clock);
+    ++m_frameCount;
+    if (frame.shown) {
         ++m_captionFrames;
-        // The caption image is frame-sized: centred on the frame, the caption
-        // stands at the frame's centre plus the record's x and y.
-        QPainter painter(&frame);
-        painter.drawPixmap((frame.width() - data->width) / 2, (frame.height() - data->height) / 2,
-                           *data->image);
-        painter.end();
         if (!m_captured && m_options.captureAt >= 0 && clock >= m_options.captureAt) {
-            m_captured = frame.save(m_options.capture, "PNG");
-            std::printf("captured clock=%lld x=%d y=%d width=%d height=%d file=%s\n", clock, data->x, data->y,
-                        data->width, data->height, qPrintable(m_options.capture));
+            m_captured = frame.image.save(m_options.capture, "PNG");
+            const zemsub::tool::CaptionRecord& record = m_frames->record();
+            std::printf("captured clock=%lld x=%d y=%d width=%d height=%d file=%s\n", clock, record.x, record.y,
+                        record.width, record.height, qPrintable(m_options.capture));
             std::fflush(stdout);
         }
-        m_subtitle->destroySubData(data);
     }
     if (m_window)
-        m_window->showFrame(frame);
+        m_window->showFrame(frame.image);
     if (m_clock.elapsed() >= static_cast<long long>(m_options.seconds * 1000))
         finish();
 }
@@ -80,7 +77,7 @@ void PlayerLoop::tick()
 void PlayerLoop::finish()
 {
     m_timer.stop();
-    std::printf("played %d frames, %d with a caption\n", m_frames, m_captionFrames);
+    std::printf("played %d frames, %d with a caption\n", m_frameCount, m_captionFrames);
     std::fflush(stdout);
     if (m_options.captureAt >= 0 && !m_captured) {
         std::fprintf(stderr, "zemsub-host: no frame with a caption at or after %lld ms to capture\n",

@@ -5,13 +5,15 @@
 #include "HostOptions.h"
 #include "SubtitleLibrary.h"
 #include "SyntheticVideo.h"
+#include "zemsub/frames/LibraryFrames.h"
 
 #include <QElapsedTimer>
 #include <QTimer>
 
 #include <memory>
 
-// The play loop of a player: a clock, a frame per tick, the caption laid over it.
+// The play loop of a player: a clock, a frame per tick, the caption laid over it
+// by the same frame source zemsub render uses for a file the library plays.
 class PlayerLoop
 {
 public:
@@ -33,10 +35,11 @@ private:
     const SubtitleLibrary& m_library;
     ISubTitle* m_subtitle = nullptr;
     SyntheticVideo m_video;
+    std::unique_ptr<zemsub::tool::LibraryFrames> m_frames;
     std::unique_ptr<FrameWindow> m_window;
     QTimer m_timer;
     QElapsedTimer m_clock;
-    int m_frames = 0;
+    int m_frameCount = 0;
     int m_captionFrames = 0;
     bool m_captured = false;
 };

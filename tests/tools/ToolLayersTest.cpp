@@ -98,3 +98,27 @@ TEST(ZemsubToolLayers, OnlyTheReadingOpensAnInputAndChoosesItsTrack)
     }
     EXPECT_GT(files, 80);
 }
+
+TEST(ZemsubToolLayers, OnlyTheLibraryFrameSourceLaysACaptionOnAFrame)
+{
+    // render, sheet and the example host's capture all take a played file's
+    // frame from zemsub/frames/LibraryFrames.cpp.
+    static const QRegularExpression ways(QStringLiteral("\\b(getSubtitleData|drawPixmap)\\s*\\("));
+    int files = 0;
+    for (const char* folder : {ZEMSUB_SOURCE_DIR "/tools", ZEMSUB_SOURCE_DIR "/examples"}) {
+        QDirIterator it(QString::fromUtf8(folder), {QStringLiteral("*.h"), QStringLiteral("*.cpp")}, QDir::Files,
+                        QDirIterator::Subdirectories);
+        while (it.hasNext()) {
+            const QString path = it.next();
+            if (path.contains(QStringLiteral("/tools/zemsub/frames/LibraryFrames.")))
+                continue;
+            QFile file(path);
+            ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+            ++files;
+            const QRegularExpressionMatch found = ways.match(QString::fromUtf8(file.readAll()));
+            EXPECT_FALSE(found.hasMatch())
+                << path.toStdString() << " lays a caption itself: " << found.captured(0).toStdString();
+        }
+    }
+    EXPECT_GT(files, 90);
+}

@@ -2,7 +2,8 @@
 #ifndef ZEMSUB_TOOLS_ABSENT
 #    include "ToolRunner.h"
 #    include "playback/LibraryView.h"
-#    include "zemsub/frames/FrameSource.h"
+#    include "zemsub/frames/FrameRenderer.h"
+#    include "zemsub/frames/PictureFrames.h"
 
 #    include <gtest/gtest.h>
 
@@ -16,7 +17,7 @@ TEST(ZemsubFrameSource, TheLibraryPlaysTheFileAndItsCaptionsAreTheStoredOnes)
     std::unique_ptr<CaptionPlayer> player = CaptionPlayer::open(facts, RenderStyle(), &why);
     ASSERT_TRUE(player) << why.toStdString();
     const StoredTimeline timeline = readStoredTimeline(path, CodeSubRip);
-    std::unique_ptr<FrameSource> frames = libraryFrames(std::move(player), timeline);
+    std::unique_ptr<FrameSource> frames = playedFrames(std::move(player), timeline);
     EXPECT_EQ(frames->frameSize(), QSize(480, 360));
     const std::vector<SourceCaption> captions = frames->captions();
     // film.srt: twelve captions, the last from 35.6 s to 38 s; a tile at each caption's middle.

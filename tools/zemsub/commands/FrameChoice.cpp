@@ -2,6 +2,7 @@
 
 #include "CommandLine.h"
 #include "LibraryChecks.h"
+#include "zemsub/frames/PictureFrames.h"
 
 namespace zemsub::tool {
 
@@ -35,7 +36,7 @@ std::unique_ptr<FrameSource> openFrames(const FileFacts& facts, int track, const
     std::optional<StoredTimeline> timeline;
     if (withCaptions)
         timeline = timelineOrExit(facts.path, formatCode);
-    return libraryFrames(std::move(player), std::move(timeline));
+    return playedFrames(std::move(player), std::move(timeline));
 }
 
 } // namespace zemsub::tool

@@ -1,6 +1,7 @@
 #ifndef ZEMSUB_TOOL_FRAMECHOICE_H
 #define ZEMSUB_TOOL_FRAMECHOICE_H
 
+#include "zemsub/frames/FrameRenderer.h"
 #include "zemsub/frames/FrameSource.h"
 
 #include <QString>

@@ -1,13 +1,15 @@
 #include "FrameRenderer.h"
 
 #include "ISubTitle.h"
+#include "LibraryFrames.h"
 
 #include <QColor>
 #include <QFile>
 #include <QLinearGradient>
 #include <QPainter>
-#include <QPixmap>
 #include <QRegularExpression>
+
+#include <algorithm>
 
 namespace zemsub::tool {
 
@@ -73,8 +75,7 @@ std::unique_ptr<CaptionPlayer> CaptionPlayer::open(const FileFacts& facts, const
     return player;
 }
 
-CaptionPlayer::CaptionPlayer(const RenderStyle& style)
-    : m_subtitle(createSubtitle()), m_style(style), m_background(makeBackground(style))
+CaptionPlayer::CaptionPlayer(const RenderStyle& style) : m_subtitle(createSubtitle()), m_style(style)
 {
 }
 
@@ -119,33 +120,57 @@ CaptionPlayer::~CaptionPlayer()
     }
 }
 
-RenderedFrame CaptionPlayer::frameAt(long long ms)
+namespace {
+
+// The middle of each stored caption with text, in time order.
+std::vector<SourceCaption> middlesOf(const std::vector<StoredEntry>& stored)
 {
-    RenderedFrame frame;
-    frame.image = m_background.copy();
-    SubtitleData* data = m_subtitle->getSubtitleData(ms, 0);
-    if (!data)
-        return frame;
-    frame.record = CaptionRecord{true, data->width, data->height, data->x, data->y};
-    if (data->image) {
-        QPainter painter(&frame.image);
-        const QPoint corner((frame.image.width() - data->width) / 2,
-                            (frame.image.height() - data->height) / 2);
-        painter.drawPixmap(corner, *data->image);
+    std::vector<StoredEntry> entries;
+    for (const StoredEntry& entry : stored) {
+        if (!entry.text.isEmpty())
+            entries.push_back(entry);
     }
-    m_subtitle->destroySubData(data);
-    return frame;
+    std::stable_sort(entries.begin(), entries.end(),
+                     [](const StoredEntry& a, const StoredEntry& b) { return a.start < b.start; });
+    std::vector<SourceCaption> captions;
+    for (const StoredEntry& entry : entries)
+        captions.push_back(SourceCaption{entry.key, entry.start + (entry.end - entry.start) / 2});
+    return captions;
 }
 
-QString describeRecord(const CaptionRecord& record)
+long long lastEnd(const std::vector<StoredEntry>& stored)
 {
-    if (!record.shown)
-        return QStringLiteral("none");
-    return QStringLiteral("x=%1 y=%2 width=%3 height=%4")
-        .arg(record.x)
-        .arg(record.y)
-        .arg(record.width)
-        .arg(record.height);
+    long long last = 0;
+    for (const StoredEntry& entry : stored)
+        last = std::max(last, entry.end);
+    return last;
+}
+
+// The frames hold the player that plays them.
+struct HeldPlayer
+{
+    std::unique_ptr<CaptionPlayer> player;
+};
+
+class PlayedFrames : private HeldPlayer, public LibraryFrames
+{
+public:
+    PlayedFrames(std::unique_ptr<CaptionPlayer> held, const std::vector<StoredEntry>& stored)
+        : HeldPlayer{std::move(held)},
+          LibraryFrames(player->subtitle(), player->style().size,
+                        [background = makeBackground(player->style())](long long) { return background; },
+                        middlesOf(stored), lastEnd(stored))
+    {
+    }
+};
+
+} // namespace
+
+std::unique_ptr<FrameSource> playedFrames(std::unique_ptr<CaptionPlayer> player,
+                                          std::optional<StoredTimeline> timeline)
+{
+    static const std::vector<StoredEntry> none;
+    return std::make_unique<PlayedFrames>(std::move(player), timeline ? timeline->entries : none);
 }
 
 } // namespace zemsub::tool

@@ -1,6 +1,7 @@
 #ifndef ZEMSUB_TOOL_FRAMERENDERER_H
 #define ZEMSUB_TOOL_FRAMERENDERER_H
 
+#include "FrameSource.h"
 #include "playback/LibraryView.h"
 
 #include <QImage>
@@ -32,22 +33,6 @@ struct RenderStyle
 // A colour name Qt knows, or #RRGGBB.
 bool isColourName(const QString& text);
 
-// The record a getSubtitleData call answered, copied.
-struct CaptionRecord
-{
-    bool shown = false;
-    int width = 0;
-    int height = 0;
-    int x = 0;
-    int y = 0;
-};
-
-struct RenderedFrame
-{
-    QImage image;
-    CaptionRecord record;
-};
-
 // Drives ISubTitle exactly as a player does: createSubtitle, the setters, open,
 // getSubtitleData per frame, destroySubData, close, destroySubtitle.
 class CaptionPlayer
@@ -61,10 +46,7 @@ public:
     CaptionPlayer(const CaptionPlayer&) = delete;
     CaptionPlayer& operator=(const CaptionPlayer&) = delete;
 
-    // The frame at ms: the background with the caption image laid over it.
-    // The caption image covers the whole frame and is centred on it, so the
-    // caption stands at the frame's centre plus the record's x and y.
-    RenderedFrame frameAt(long long ms);
+    ISubTitle& subtitle() { return *m_subtitle; }
     const RenderStyle& style() const { return m_style; }
 
 private:
@@ -74,14 +56,15 @@ private:
 
     ISubTitle* m_subtitle = nullptr;
     RenderStyle m_style;
-    QImage m_background;
 };
 
 // The frame behind the captions: a colour, an image (scaled to cover), or a synthetic frame.
 QImage makeBackground(const RenderStyle& style);
 
-// "x=.. y=.. width=.. height=.." or "none".
-QString describeRecord(const CaptionRecord& record);
+// The frames of the file player plays, on the style's background; its captions
+// (each with text, at its middle) from the stored timeline when one is given.
+std::unique_ptr<FrameSource> playedFrames(std::unique_ptr<CaptionPlayer> player,
+                                          std::optional<StoredTimeline> timeline);
 
 } // namespace zemsub::tool
 

@@ -1,18 +1,14 @@
 #ifndef ZEMSUB_TOOL_FRAMESOURCE_H
 #define ZEMSUB_TOOL_FRAMESOURCE_H
 
-#include "FrameRenderer.h"
-#include "zemsub/pictures/IndexPictures.h"
-#include "zemsub/pictures/TrackPictures.h"
-
 #include <QImage>
 #include <QSize>
 #include <QString>
-#include <memory>
-#include <optional>
 #include <vector>
 
 namespace zemsub::tool {
+
+class TrackPictures;
 
 // One frame of a source, with what the commands say of it.
 struct SourceFrame
@@ -31,8 +27,9 @@ struct SourceCaption
     long long time = 0;
 };
 
-// Where render and sheet take their frames from: the library playing a file, a
-// VobSub index's packets, or a picture track as FFmpeg shows it.
+// Where render, sheet and the example host's capture take their frames from:
+// the library playing a file (LibraryFrames.h), a VobSub index's packets or a
+// picture track as FFmpeg shows it (PictureFrames.h).
 class FrameSource
 {
 public:
@@ -53,15 +50,6 @@ public:
     // The picture track the frames come from, when they come from one (its pictures read as text).
     virtual const TrackPictures* trackPictures() const { return nullptr; }
 };
-
-// The library playing the file through ISubTitle; its captions from the stored
-// timeline, read when they are asked for (a sheet) and passed in then.
-std::unique_ptr<FrameSource> libraryFrames(std::unique_ptr<CaptionPlayer> player,
-                                           std::optional<StoredTimeline> timeline);
-// A VobSub index's packets, on the index's frame (or on style's size when given).
-std::unique_ptr<FrameSource> indexFrames(std::unique_ptr<IndexPictures> pictures, RenderStyle style);
-// A picture track as FFmpeg shows it, on the track's frame (or on style's size when given).
-std::unique_ptr<FrameSource> trackFrames(TrackPictures pictures, RenderStyle style);
 
 } // namespace zemsub::tool
 

@@ -1,4 +1,4 @@
-#include "FrameSource.h"
+#include "PictureFrames.h"
 
 #include "zemsub/pictures/SubpictureFrame.h"
 
@@ -17,66 +17,6 @@ SourceFrame pictureFrame(const QImage& background, const DecodedSubpicture& show
     frame.shown = shown.decoded && frame.problem.isEmpty();
     return frame;
 }
-
-class LibraryFrames : public FrameSource
-{
-public:
-    LibraryFrames(std::unique_ptr<CaptionPlayer> player, std::optional<StoredTimeline> timeline)
-        : m_player(std::move(player)), m_timeline(std::move(timeline))
-    {
-    }
-
-    QSize frameSize() const override { return m_player->style().size; }
-
-    // Each caption with text, at its middle.
-    std::vector<SourceCaption> captions() const override
-    {
-        std::vector<StoredEntry> entries;
-        for (const StoredEntry& entry : timelineEntries()) {
-            if (!entry.text.isEmpty())
-                entries.push_back(entry);
-        }
-        std::stable_sort(entries.begin(), entries.end(),
-                         [](const StoredEntry& a, const StoredEntry& b) { return a.start < b.start; });
-        std::vector<SourceCaption> captions;
-        for (const StoredEntry& entry : entries)
-            captions.push_back(SourceCaption{entry.key, entry.start + (entry.end - entry.start) / 2});
-        return captions;
-    }
-
-    QString holder() const override { return QStringLiteral("file"); }
-    QString captionWord() const override { return QStringLiteral("captions"); }
-
-    long long lastTime() const override
-    {
-        long long last = 0;
-        for (const StoredEntry& entry : timelineEntries())
-            last = std::max(last, entry.end);
-        return last;
-    }
-
-    SourceFrame frameAt(long long ms) override
-    {
-        const RenderedFrame rendered = m_player->frameAt(ms);
-        SourceFrame frame;
-        frame.image = rendered.image;
-        frame.shown = rendered.record.shown;
-        frame.described = QStringLiteral("record ") + describeRecord(rendered.record);
-        if (!rendered.record.shown)
-            frame.tileNote = QStringLiteral("  (nothing shown)");
-        return frame;
-    }
-
-private:
-    const std::vector<StoredEntry>& timelineEntries() const
-    {
-        static const std::vector<StoredEntry> none;
-        return m_timeline ? m_timeline->entries : none;
-    }
-
-    std::unique_ptr<CaptionPlayer> m_player;
-    std::optional<StoredTimeline> m_timeline;
-};
 
 class IndexFrames : public FrameSource
 {
@@ -196,12 +136,6 @@ private:
 };
 
 } // namespace
-
-std::unique_ptr<FrameSource> libraryFrames(std::unique_ptr<CaptionPlayer> player,
-                                           std::optional<StoredTimeline> timeline)
-{
-    return std::make_unique<LibraryFrames>(std::move(player), std::move(timeline));
-}
 
 std::unique_ptr<FrameSource> indexFrames(std::unique_ptr<IndexPictures> pictures, RenderStyle style)
 {
