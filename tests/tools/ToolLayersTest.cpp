@@ -122,3 +122,26 @@ TEST(ZemsubToolLayers, OnlyTheLibraryFrameSourceLaysACaptionOnAFrame)
     }
     EXPECT_GT(files, 90);
 }
+
+TEST(ZemsubToolLayers, OnlyThePlaybackTellsWhatAPathIsToTheLibrary)
+{
+    // A path's facts, the manager's choice and the index test: playback/LibraryInput.h
+    // (askLibrary) for every command. fix's check plays the copy it wrote.
+    static const QRegularExpression ways(
+        QStringLiteral("\\b(inspectFile|isIndexPath)\\s*\\(|\\bManagerSession\\s+\\w+\\s*\\(|make_unique<ManagerSession>"));
+    int files = 0;
+    QDirIterator it(QStringLiteral(ZEMSUB_SOURCE_DIR "/tools"), {QStringLiteral("*.h"), QStringLiteral("*.cpp")},
+                    QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QString path = it.next();
+        if (path.contains(QStringLiteral("/tools/playback/")) || path.endsWith(QStringLiteral("/tools/fix/CopyCheck.cpp")))
+            continue;
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        ++files;
+        const QRegularExpressionMatch found = ways.match(QString::fromUtf8(file.readAll()));
+        EXPECT_FALSE(found.hasMatch()) << path.toStdString() << " asks the library what the path is itself: "
+                                       << found.captured(0).toStdString();
+    }
+    EXPECT_GT(files, 80);
+}

@@ -12,9 +12,9 @@ using namespace zemsub::tool;
 TEST(ZemsubFrameSource, TheLibraryPlaysTheFileAndItsCaptionsAreTheStoredOnes)
 {
     const QString path = sample("film.srt");
-    const FileFacts facts = inspectFile(path);
+    const LibraryInput input = askLibrary(path);
     QString why;
-    std::unique_ptr<CaptionPlayer> player = CaptionPlayer::open(facts, RenderStyle(), &why);
+    std::unique_ptr<CaptionPlayer> player = CaptionPlayer::open(input, RenderStyle(), &why);
     ASSERT_TRUE(player) << why.toStdString();
     const StoredTimeline timeline = readStoredTimeline(path, CodeSubRip);
     std::unique_ptr<FrameSource> frames = playedFrames(std::move(player), timeline);

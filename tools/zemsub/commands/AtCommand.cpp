@@ -78,9 +78,10 @@ int runAt(const QStringList& args)
     const QString path = positionals.takeFirst();
     const std::vector<long long> times = parseTimes(positionals);
 
-    const FileFacts facts = inspectOrExit(path);
-    ManagerSession session = sessionOrExit(path);
-    if (session.formatCode() == CodeNone && isIndexPath(facts))
+    const LibraryInput input = libraryInputOrExit(path);
+    const FileFacts& facts = input.facts;
+    ManagerSession& session = *input.session;
+    if (input.kind == LibraryInput::Kind::Index)
         return answerIndex(facts, times);
     requireShown(facts, session);
 

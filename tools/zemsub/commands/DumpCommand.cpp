@@ -71,9 +71,10 @@ int runDump(const QStringList& args)
     const QString path = line.positionals(1, 1).first();
     const bool json = line.parser().isSet(jsonOption);
 
-    const FileFacts facts = inspectOrExit(path);
-    ManagerSession session = sessionOrExit(path);
-    if (session.formatCode() == CodeNone && isIndexPath(facts))
+    const LibraryInput input = libraryInputOrExit(path);
+    const FileFacts& facts = input.facts;
+    const ManagerSession& session = *input.session;
+    if (input.kind == LibraryInput::Kind::Index)
         return dumpIndex(facts, json);
     requireShown(facts, session);
 

@@ -6,12 +6,13 @@
 
 namespace zemsub::tool {
 
-std::unique_ptr<FrameSource> openFrames(const FileFacts& facts, int track, const RenderStyle& style,
+std::unique_ptr<FrameSource> openFrames(const LibraryInput& input, int track, const RenderStyle& style,
                                         const QString& command, bool pictureText, bool withCaptions)
 {
-    const int formatCode = sessionOrExit(facts.path).formatCode();
-    const bool opened = formatCode != CodeNone;
-    if (isIndexPath(facts) && !opened && track < 0 && !pictureText) {
+    const FileFacts& facts = input.facts;
+    const int formatCode = input.formatCode();
+    const bool opened = input.kind == LibraryInput::Kind::Played;
+    if (input.kind == LibraryInput::Kind::Index && track < 0 && !pictureText) {
         QString why;
         std::unique_ptr<IndexPictures> pictures = IndexPictures::open(facts.path, &why);
         if (!pictures)
@@ -30,7 +31,7 @@ std::unique_ptr<FrameSource> openFrames(const FileFacts& facts, int track, const
             fileError(facts.path, QStringLiteral("--text reads picture tracks, and FFmpeg finds none in it"));
     }
     QString why;
-    std::unique_ptr<CaptionPlayer> player = CaptionPlayer::open(facts, style, &why);
+    std::unique_ptr<CaptionPlayer> player = CaptionPlayer::open(input, style, &why);
     if (!player)
         fileError(facts.path, why);
     std::optional<StoredTimeline> timeline;

@@ -1,6 +1,7 @@
 #ifndef ZEMSUB_TOOL_FRAMECHOICE_H
 #define ZEMSUB_TOOL_FRAMECHOICE_H
 
+#include "playback/LibraryInput.h"
 #include "zemsub/frames/FrameRenderer.h"
 #include "zemsub/frames/FrameSource.h"
 
@@ -15,7 +16,7 @@ namespace zemsub::tool {
 // holds one); else the library playing the file, with its stored captions when
 // withCaptions. Ends the command with exit 1, naming the file, when none can be
 // shown. command names the command in notes on stderr.
-std::unique_ptr<FrameSource> openFrames(const FileFacts& facts, int track, const RenderStyle& style,
+std::unique_ptr<FrameSource> openFrames(const LibraryInput& input, int track, const RenderStyle& style,
                                         const QString& command, bool pictureText, bool withCaptions = false);
 
 } // namespace zemsub::tool

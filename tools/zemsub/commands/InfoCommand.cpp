@@ -106,10 +106,11 @@ int runInfo(const QStringList& args)
     const QString path = line.positionals(1, 1).first();
     const bool json = line.parser().isSet(jsonOption);
 
-    const FileFacts facts = inspectOrExit(path);
-    ManagerSession session = sessionOrExit(path);
+    const LibraryInput input = libraryInputOrExit(path);
+    const FileFacts& facts = input.facts;
+    const ManagerSession& session = *input.session;
     const int code = session.formatCode();
-    if (code == CodeNone && isIndexPath(facts))
+    if (input.kind == LibraryInput::Kind::Index)
         return printIndex(facts, code, json);
 
     const StoredTimeline timeline = timelineOrExit(path, code);

@@ -4,20 +4,14 @@
 
 namespace zemsub::tool {
 
-FileFacts inspectOrExit(const QString& path)
+LibraryInput libraryInputOrExit(const QString& path)
 {
-    FileFacts facts = inspectFile(path);
-    if (!facts.failure.isEmpty())
-        fileError(path.isEmpty() ? QStringLiteral("\"\"") : path, facts.failure);
-    return facts;
-}
-
-ManagerSession sessionOrExit(const QString& path)
-{
-    ManagerSession session(path);
-    if (!session.failure().isEmpty())
-        fileError(path, session.failure());
-    return session;
+    LibraryInput input = askLibrary(path);
+    if (input.kind == LibraryInput::Kind::Unreadable)
+        fileError(path.isEmpty() ? QStringLiteral("\"\"") : path, input.failure());
+    if (input.kind == LibraryInput::Kind::Thrown)
+        fileError(path, input.failure());
+    return input;
 }
 
 StoredTimeline timelineOrExit(const QString& path, int formatCode)

@@ -128,10 +128,11 @@ int runLint(const QStringList& args)
     const QString path = line.positionals(1, 1).first();
     const int track = trackOptions.track();
 
-    if (isIndexPath(inspectOrExit(path)))
-        fileError(path, QStringLiteral("cannot lint: lint reads text subtitles, and this is a VobSub index"));
     // The library first: its own failures (the wide script reader's thrown int) are reported as such.
-    ManagerSession session = sessionOrExit(path);
+    const LibraryInput input = libraryInputOrExit(path);
+    if (input.kind == LibraryInput::Kind::Index)
+        fileError(path, QStringLiteral("cannot lint: lint reads text subtitles, and this is a VobSub index"));
+    ManagerSession& session = *input.session;
     TrackChoice choice;
     const WrittenFile written = readWrittenSide(path, line.parser().value(encodingOption), track,
                                                 trackOptions.language(), line.parser().value(ocrOption), choice);

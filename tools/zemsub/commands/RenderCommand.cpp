@@ -56,8 +56,8 @@ int runRender(const QStringList& args)
 
     const int track = pictureTrackOption(line, trackOption, QStringLiteral("render"));
 
-    const FileFacts facts = inspectOrExit(positionals.at(0));
-    const std::unique_ptr<FrameSource> frames = openFrames(facts, track, style, QStringLiteral("render"), false);
+    const LibraryInput input = libraryInputOrExit(positionals.at(0));
+    const std::unique_ptr<FrameSource> frames = openFrames(input, track, style, QStringLiteral("render"), false);
     const SourceFrame frame = frames->frameAt(*time);
     save(frame.image, output);
     out(QStringLiteral("time %1\t%2\twrote %3\n").arg(formatTime(*time), frame.described, output));

@@ -163,9 +163,9 @@ int runSheet(const QStringList& args)
     const int track = pictureTrackOption(line, trackOption, QStringLiteral("sheet"));
     const bool withText = line.parser().isSet(textOption);
 
-    const FileFacts facts = inspectOrExit(path);
+    const LibraryInput input = libraryInputOrExit(path);
     const std::unique_ptr<FrameSource> frames =
-        openFrames(facts, track, style, QStringLiteral("sheet"), withText, true);
+        openFrames(input, track, style, QStringLiteral("sheet"), withText, true);
     const std::vector<Tile> tiles = every > 0 ? stepTiles(frames->lastTime(), every) : captionTiles(*frames);
     std::map<long long, QString> texts;
     if (withText && frames->trackPictures())

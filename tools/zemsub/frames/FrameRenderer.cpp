@@ -63,11 +63,11 @@ QImage makeBackground(const RenderStyle& style)
     return frame;
 }
 
-std::unique_ptr<CaptionPlayer> CaptionPlayer::open(const FileFacts& facts, const RenderStyle& style,
+std::unique_ptr<CaptionPlayer> CaptionPlayer::open(const LibraryInput& input, const RenderStyle& style,
                                                   QString* failure)
 {
     std::unique_ptr<CaptionPlayer> player(new CaptionPlayer(style));
-    const QString why = player->load(facts);
+    const QString why = player->load(input);
     if (failure)
         *failure = why;
     if (!why.isEmpty())
@@ -79,7 +79,7 @@ CaptionPlayer::CaptionPlayer(const RenderStyle& style) : m_subtitle(createSubtit
 {
 }
 
-QString CaptionPlayer::load(const FileFacts& facts)
+QString CaptionPlayer::load(const LibraryInput& input)
 {
     const RenderStyle& style = m_style;
     m_subtitle->setVideoSize(style.size.width(), style.size.height());
@@ -91,7 +91,7 @@ QString CaptionPlayer::load(const FileFacts& facts)
     if (style.transparency)
         m_subtitle->setTrasparency(*style.transparency);
 
-    const QByteArray name = QFile::encodeName(facts.path);
+    const QByteArray name = QFile::encodeName(input.facts.path);
     bool opened = false;
     try {
         opened = m_subtitle->open(name.constData());
@@ -103,10 +103,9 @@ QString CaptionPlayer::load(const FileFacts& facts)
     if (!opened) {
         m_subtitle->close();
         destroySubtitle(&m_subtitle);
-        const ManagerSession session(facts.path);
-        if (!session.failure().isEmpty())
-            return session.failure();
-        const QString reason = notShownReason(facts, session);
+        if (!input.failure().isEmpty())
+            return input.failure();
+        const QString reason = input.session ? notShownReason(input.facts, *input.session) : QString();
         return reason.isEmpty() ? QStringLiteral("not opened") : reason;
     }
     return QString();

@@ -2,6 +2,7 @@
 #define ZEMSUB_TOOL_FRAMERENDERER_H
 
 #include "FrameSource.h"
+#include "playback/LibraryInput.h"
 #include "playback/LibraryView.h"
 
 #include <QImage>
@@ -39,8 +40,8 @@ class CaptionPlayer
 {
 public:
     // The file played with style; null when the library does not open it,
-    // *failure then saying why.
-    static std::unique_ptr<CaptionPlayer> open(const FileFacts& facts, const RenderStyle& style,
+    // *failure then saying why, as input (the library's view of it) says it.
+    static std::unique_ptr<CaptionPlayer> open(const LibraryInput& input, const RenderStyle& style,
                                                QString* failure);
     ~CaptionPlayer();
     CaptionPlayer(const CaptionPlayer&) = delete;
@@ -52,7 +53,7 @@ public:
 private:
     explicit CaptionPlayer(const RenderStyle& style);
     // Sets the style and opens the file; why it did not open, else empty.
-    QString load(const FileFacts& facts);
+    QString load(const LibraryInput& input);
 
     ISubTitle* m_subtitle = nullptr;
     RenderStyle m_style;
