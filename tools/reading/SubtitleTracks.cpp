@@ -3,6 +3,7 @@
 #include "DemuxedInput.h"
 #include "EncodingDetection.h"
 #include "StreamDecoder.h"
+#include "TrackInput.h"
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -121,11 +122,12 @@ TrackList describeTracks(const DemuxedInput& input)
 
 TrackList listSubtitleTracks(const MediaInput& media)
 {
-    const DemuxedInput input(media);
-    TrackList list = describeTracks(input);
-    AVFormatContext* const format = input.format();
+    // The one way in; the players' choice it takes is not needed here.
+    TrackInput opened = openTrack(media, TrackRequest{});
+    TrackList list = std::move(opened.tracks);
     if (!list.read || list.tracks.empty())
         return list;
+    AVFormatContext* const format = opened.demuxed->format();
     // A subtitle file's text is read in its detected encoding, as its reading does.
     const QString encoding = list.textFile ? detectEncoding(media.wholeBytes()).decoderEncoding() : QString();
 

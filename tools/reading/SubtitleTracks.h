@@ -41,9 +41,10 @@ struct TrackList
 // Whether the demuxer named format stores subtitle text as UTF-8 (Matroska, MP4).
 bool storesUtf8Text(const QString& format);
 
-// Demuxes bytes (fileName gives the extension FFmpeg's probing weighs and need
-// not exist) and decodes every subtitle stream to count its captions. A plain
-// subtitle file is one track, its text read in the encoding detected for it.
+// Opens bytes through the one way in (openTrack; fileName gives the extension
+// FFmpeg's probing weighs and need not exist) and decodes every subtitle stream
+// to count its captions. A plain subtitle file is one track, its text read in
+// the encoding detected for it.
 TrackList listSubtitleTracks(const QByteArray& bytes, const QString& fileName);
 // The same for a file on disk or bytes in memory. Only a subtitle file's text
 // (one text stream, nothing else) is read whole, for its encoding.
