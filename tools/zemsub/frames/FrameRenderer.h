@@ -34,8 +34,9 @@ struct RenderStyle
 // A colour name Qt knows, or #RRGGBB.
 bool isColourName(const QString& text);
 
-// Drives ISubTitle exactly as a player does: createSubtitle, the setters, open,
-// getSubtitleData per frame, destroySubData, close, destroySubtitle.
+// Holds ISubTitle exactly as a player does: createSubtitle, the setters, open,
+// then close and destroySubtitle; its frames (playedFrames, through
+// LibraryFrames.h) ask getSubtitleData and destroySubData in between.
 class CaptionPlayer
 {
 public:
