@@ -54,7 +54,7 @@ CopyCheck checkCopy(const QString& path, const std::vector<SourceCaption>& capti
     zemsub::tool::ManagerSession session(path);
     check.opened = session.opened();
     const std::vector<zemsub::tool::ProbeAnswer> answers = zemsub::tool::askInOrder(
-        probes, [&session](long long ms) { return session.opened() ? session.textAt(ms) : QString(); });
+        probes, [&session](long long ms) { return session.textAt(ms); });
 
     for (size_t p = 0; p < probes.size(); ++p) {
         const ProbeTime& probe = probes[p];

@@ -281,6 +281,8 @@ bool ManagerSession::wide() const
 
 QString ManagerSession::textAt(long long ms)
 {
+    if (!m_opened)
+        return QString();
     if (m_manager->IsWide())
         return fromWide(m_manager->GetSubTitleU(ms));
     return fromNarrow(m_manager->GetSubTitle(ms));

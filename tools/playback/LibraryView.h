@@ -104,7 +104,8 @@ public:
     const QString& failure() const { return m_failure; }
     int formatCode() const;
     bool wide() const;
-    // The caption text at ms as a player receives it; a null string when none.
+    // The caption text at ms as a player receives it; a null string when none,
+    // and always when the file did not open (a player asks only a file it opened).
     QString textAt(long long ms);
 
 private:

@@ -56,4 +56,16 @@ TEST(ZemsubLibraryView, AnOpenedFileHasNoReasonAndItsTimeline)
     EXPECT_EQ(timeline.entries[1].start, 3000);
 }
 
+TEST(ZemsubLibraryView, AFileThatDidNotOpenAnswersNothing)
+{
+    TempDir dir;
+    // Past the SubRip reader's line limit: the manager chose its reader, which did not open the file.
+    const std::string captions = "1\n00:00:01,000 --> 00:00:02,000\none\n\n"
+                                 "2\n00:00:03,000 --> 00:00:04,000\ntwo\n\n";
+    ManagerSession session(qs(dir.write("long.srt", captions + std::string(20000, '\n'))));
+    EXPECT_EQ(session.formatCode(), CodeSubRip);
+    ASSERT_FALSE(session.opened());
+    EXPECT_TRUE(session.textAt(1500).isNull());
+}
+
 #endif

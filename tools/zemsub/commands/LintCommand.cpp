@@ -98,7 +98,7 @@ LibrarySide readLibrarySide(const QString& path, const ManagerSession& session)
 // Asks the library at each caption's start, middle and end and in each gap, as a player's frames would.
 std::vector<Probe> probeLibrary(const WrittenFile& written, ManagerSession& session)
 {
-    return probeBlocks(written, [&session](long long ms) { return session.opened() ? session.textAt(ms) : QString(); });
+    return probeBlocks(written, [&session](long long ms) { return session.textAt(ms); });
 }
 
 } // namespace
