@@ -59,17 +59,8 @@ WrittenFile readWrittenSide(const QString& path, const QString& encoding, int tr
     // One open: the tracks from the header, then the chosen one read from the same demuxer.
     const TrackInput opened = openTrack(*input, TrackRequest{track, language, false});
     const TrackList& tracks = opened.tracks;
-    switch (opened.step) {
-    case TrackInput::Step::Unread:
-        fileError(path, QStringLiteral("cannot lint: %1").arg(tracks.failure));
-    case TrackInput::Step::NoTracks:
-        fileError(path, QStringLiteral("cannot lint: FFmpeg finds no subtitle stream in it (read as %1)")
-                            .arg(tracks.formatTitle));
-    case TrackInput::Step::NotChosen:
-        fileError(path, QStringLiteral("cannot lint: %1").arg(opened.choice.error));
-    case TrackInput::Step::Chosen:
-        break;
-    }
+    if (!opened.chosen())
+        fileError(path, QStringLiteral("cannot lint: %1").arg(chosenTrackFailure(opened)));
     choice = opened.choice;
     DemuxedInput& demuxed = *opened.demuxed;
     announceTrack(describeChoice(tracks.tracks[size_t(choice.index)], choice));
