@@ -29,6 +29,32 @@ const std::map<QString, QStringList>& allowedBelow()
 const QStringList kToolLayers{QStringLiteral("reading"), QStringLiteral("pictures"), QStringLiteral("playback"),
                               QStringLiteral("fix"), QStringLiteral("zemsub"), QStringLiteral("samplegen")};
 
+// A source file of the tree and its text.
+struct Source
+{
+    QString path;
+    QString text;
+};
+
+// Every .h and .cpp below the folders (relative to the source tree), with its text.
+std::vector<Source> sourcesUnder(const QStringList& folders)
+{
+    std::vector<Source> sources;
+    for (const QString& folder : folders) {
+        QDirIterator it(QStringLiteral(ZEMSUB_SOURCE_DIR "/") + folder, {QStringLiteral("*.h"), QStringLiteral("*.cpp")},
+                        QDir::Files, QDirIterator::Subdirectories);
+        while (it.hasNext()) {
+            QFile file(it.next());
+            if (!file.open(QIODevice::ReadOnly)) {
+                ADD_FAILURE() << "cannot read " << file.fileName().toStdString();
+                continue;
+            }
+            sources.push_back(Source{file.fileName(), QString::fromUtf8(file.readAll())});
+        }
+    }
+    return sources;
+}
+
 } // namespace
 
 TEST(ZemsubToolLayers, EachLayerIncludesOnlyTheLayersBelowIt)
@@ -63,17 +89,13 @@ TEST(ZemsubToolLayers, OnlyTheCommandsTurnAFailureIntoAnExit)
 {
     static const QRegularExpression exits(QStringLiteral("\\b(fileError|usageError|ToolError)\\b"));
     int files = 0;
-    QDirIterator it(QStringLiteral(ZEMSUB_SOURCE_DIR "/tools"), {QStringLiteral("*.h"), QStringLiteral("*.cpp")},
-                    QDir::Files, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString path = it.next();
-        if (path.contains(QStringLiteral("/tools/zemsub/commands/")) || path.endsWith(QStringLiteral("/zemsub/main.cpp")))
+    for (const Source& source : sourcesUnder({QStringLiteral("tools")})) {
+        if (source.path.contains(QStringLiteral("/tools/zemsub/commands/")) ||
+            source.path.endsWith(QStringLiteral("/zemsub/main.cpp")))
             continue;
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
         ++files;
-        EXPECT_FALSE(exits.match(QString::fromUtf8(file.readAll())).hasMatch())
-            << path.toStdString() << " ends the program itself; it should answer the failure";
+        EXPECT_FALSE(exits.match(source.text).hasMatch())
+            << source.path.toStdString() << " ends the program itself; it should answer the failure";
     }
     EXPECT_GT(files, 80);
 }
@@ -97,25 +119,19 @@ TEST(ZemsubToolLayers, OnlyTheReadingOpensAnInputAndChoosesItsTrack)
         {QRegularExpression(QStringLiteral("\\bchooseTrack\\s*\\(")),
          {QStringLiteral("TrackChoice.h"), QStringLiteral("TrackChoice.cpp"), QStringLiteral("TrackInput.cpp")}},
     };
-    int files = 0;
-    QDirIterator it(QStringLiteral(ZEMSUB_SOURCE_DIR "/tools"), {QStringLiteral("*.h"), QStringLiteral("*.cpp")},
-                    QDir::Files, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString path = it.next();
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        ++files;
-        const QString text = QString::fromUtf8(file.readAll());
+    const std::vector<Source> sources = sourcesUnder({QStringLiteral("tools")});
+    for (const Source& source : sources) {
         for (const Way& way : ways) {
-            const bool allowed = std::any_of(way.files.begin(), way.files.end(), [&path](const QString& name) {
-                return path.endsWith(QStringLiteral("/tools/reading/") + name);
+            const bool allowed = std::any_of(way.files.begin(), way.files.end(), [&source](const QString& name) {
+                return source.path.endsWith(QStringLiteral("/tools/reading/") + name);
             });
-            const QRegularExpressionMatch found = way.pattern.match(text);
-            EXPECT_TRUE(allowed || !found.hasMatch())
-                << path.toStdString() << " opens an input or takes a track itself: " << found.captured(0).toStdString();
+            const QRegularExpressionMatch found = way.pattern.match(source.text);
+            EXPECT_TRUE(allowed || !found.hasMatch()) << source.path.toStdString()
+                                                      << " opens an input or takes a track itself: "
+                                                      << found.captured(0).toStdString();
         }
     }
-    EXPECT_GT(files, 80);
+    EXPECT_GT(sources.size(), 80u);
 }
 
 TEST(ZemsubToolLayers, OnlyTheLibraryFrameSourceLaysACaptionOnAFrame)
@@ -124,20 +140,13 @@ TEST(ZemsubToolLayers, OnlyTheLibraryFrameSourceLaysACaptionOnAFrame)
     // frame from zemsub/frames/LibraryFrames.cpp.
     static const QRegularExpression ways(QStringLiteral("\\b(getSubtitleData|drawPixmap)\\s*\\("));
     int files = 0;
-    for (const char* folder : {ZEMSUB_SOURCE_DIR "/tools", ZEMSUB_SOURCE_DIR "/examples"}) {
-        QDirIterator it(QString::fromUtf8(folder), {QStringLiteral("*.h"), QStringLiteral("*.cpp")}, QDir::Files,
-                        QDirIterator::Subdirectories);
-        while (it.hasNext()) {
-            const QString path = it.next();
-            if (path.contains(QStringLiteral("/tools/zemsub/frames/LibraryFrames.")))
-                continue;
-            QFile file(path);
-            ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-            ++files;
-            const QRegularExpressionMatch found = ways.match(QString::fromUtf8(file.readAll()));
-            EXPECT_FALSE(found.hasMatch())
-                << path.toStdString() << " lays a caption itself: " << found.captured(0).toStdString();
-        }
+    for (const Source& source : sourcesUnder({QStringLiteral("tools"), QStringLiteral("examples")})) {
+        if (source.path.contains(QStringLiteral("/tools/zemsub/frames/LibraryFrames.")))
+            continue;
+        ++files;
+        const QRegularExpressionMatch found = ways.match(source.text);
+        EXPECT_FALSE(found.hasMatch())
+            << source.path.toStdString() << " lays a caption itself: " << found.captured(0).toStdString();
     }
     EXPECT_GT(files, 90);
 }
@@ -149,17 +158,13 @@ TEST(ZemsubToolLayers, OnlyThePlaybackTellsWhatAPathIsToTheLibrary)
     static const QRegularExpression ways(
         QStringLiteral("\\b(inspectFile|isIndexPath)\\s*\\(|\\bManagerSession\\s+\\w+\\s*\\(|make_unique<ManagerSession>"));
     int files = 0;
-    QDirIterator it(QStringLiteral(ZEMSUB_SOURCE_DIR "/tools"), {QStringLiteral("*.h"), QStringLiteral("*.cpp")},
-                    QDir::Files, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString path = it.next();
-        if (path.contains(QStringLiteral("/tools/playback/")) || path.endsWith(QStringLiteral("/tools/fix/CopyCheck.cpp")))
+    for (const Source& source : sourcesUnder({QStringLiteral("tools")})) {
+        if (source.path.contains(QStringLiteral("/tools/playback/")) ||
+            source.path.endsWith(QStringLiteral("/tools/fix/CopyCheck.cpp")))
             continue;
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
         ++files;
-        const QRegularExpressionMatch found = ways.match(QString::fromUtf8(file.readAll()));
-        EXPECT_FALSE(found.hasMatch()) << path.toStdString() << " asks the library what the path is itself: "
+        const QRegularExpressionMatch found = ways.match(source.text);
+        EXPECT_FALSE(found.hasMatch()) << source.path.toStdString() << " asks the library what the path is itself: "
                                        << found.captured(0).toStdString();
     }
     EXPECT_GT(files, 80);

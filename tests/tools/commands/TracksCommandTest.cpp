@@ -1,28 +1,18 @@
 // zemsub tracks, and the track fix and lint take from Matroska and MP4 files made by ffmpeg.
 #ifndef ZEMSUB_TOOLS_ABSENT
 #    include "ToolRunner.h"
-#    include "support/TrackFiles.h"
+#    include "support/TrackFilesSuite.h"
 
 #    include <QFile>
 #    include <gtest/gtest.h>
 #    include <nlohmann/json.hpp>
 
-#    include <memory>
 
 namespace {
 
-class TracksCommand : public ::testing::Test
+class TracksCommand : public TrackFilesSuite
 {
 protected:
-    static void SetUpTestSuite()
-    {
-        dir = std::make_unique<TempDir>();
-        files = makeTrackFiles(*dir);
-    }
-    static void TearDownTestSuite() { dir.reset(); }
-
-    void SetUp() override { ASSERT_TRUE(files.error.isEmpty()) << files.error.toStdString(); }
-
     static nlohmann::json json(const RunResult& result)
     {
         return nlohmann::json::parse(result.out.toStdString(), nullptr, false);
@@ -33,13 +23,7 @@ protected:
         QFile file(QString::fromStdString(path));
         return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
     }
-
-    static std::unique_ptr<TempDir> dir;
-    static TrackFiles files;
 };
-
-std::unique_ptr<TempDir> TracksCommand::dir;
-TrackFiles TracksCommand::files;
 
 TEST_F(TracksCommand, ListsMatroskaTracksInFileOrderWithTheirTagsFlagsCountsAndTimes)
 {

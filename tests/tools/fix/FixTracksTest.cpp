@@ -1,33 +1,17 @@
 // zemsubfix on Matroska and MP4 files made by ffmpeg: the tracks it lists, the one it takes.
 #include "FixSupport.h"
-#include "support/TrackFiles.h"
+#include "support/TrackFilesSuite.h"
 
 #include <QFile>
 #include <gtest/gtest.h>
 
-#include <memory>
-
 namespace {
 
-class FixTracks : public ::testing::Test
+class FixTracks : public TrackFilesSuite
 {
 protected:
-    static void SetUpTestSuite()
-    {
-        dir = std::make_unique<TempDir>();
-        files = makeTrackFiles(*dir);
-    }
-    static void TearDownTestSuite() { dir.reset(); }
-    void SetUp() override { ASSERT_TRUE(files.error.isEmpty()) << files.error.toStdString(); }
-
     static QString path(const std::string& file) { return QString::fromStdString(file); }
-
-    static std::unique_ptr<TempDir> dir;
-    static TrackFiles files;
 };
-
-std::unique_ptr<TempDir> FixTracks::dir;
-TrackFiles FixTracks::files;
 
 TEST_F(FixTracks, ListTracksGivesEachTrackInFileOrder)
 {
